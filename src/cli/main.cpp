@@ -1,0 +1,85 @@
+// zel: every job of the suite without a window.
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+#include <algorithm>
+#include <iostream>
+#include <vector>
+
+#include "cli/command_registry.h"
+#include "platform/qt_settings_store.h"
+
+namespace zel::cli {
+
+namespace {
+std::vector<std::pair<int, Registrar>>& registrars() {
+  static std::vector<std::pair<int, Registrar>> list;
+  return list;
+}
+}  // namespace
+
+void CommandRegistry::add(int order, Registrar registrar) {
+  registrars().emplace_back(order, std::move(registrar));
+}
+
+void CommandRegistry::registerAll(CLI::App& app, Context& context) {
+  auto& list = registrars();
+  std::stable_sort(list.begin(), list.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (auto& [order, fn] : list) fn(app, context);
+}
+
+SettingsStore& Context::settings() {
+  if (!settings_) {
+    if (!settingsFile.empty()) {
+      settings_ = std::make_unique<QtSettingsStore>(QString::fromStdString(settingsFile));
+    } else {
+      settings_ = std::make_unique<QtSettingsStore>();
+    }
+  }
+  return *settings_;
+}
+
+std::string Context::dataFolder() {
+  if (!dataDir.empty()) return dataDir;
+  QString docs = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  if (docs.isEmpty()) docs = QDir::homePath();
+  return (docs + "/My Scanner Data Files").toStdString();
+}
+
+}  // namespace zel::cli
+
+int main(int argc, char** argv) {
+  QCoreApplication qapp(argc, argv);
+  QCoreApplication::setOrganizationName("Torvo");
+  QCoreApplication::setApplicationName("ZEL536");
+
+  CLI::App app{"zel: favorites lists, the scanner card and the live scanner from the command line",
+               "zel"};
+  app.require_subcommand(1);
+  app.set_help_all_flag("--help-all", "Show the help of every command");
+  zel::cli::Context context;
+  app.add_option("--data-dir", context.dataDir,
+                 "Data folder to use instead of \"My Scanner Data Files\" in your documents");
+  app.add_option("--settings", context.settingsFile,
+                 "Settings file (INI) to use instead of your own settings");
+  zel::cli::CommandRegistry::registerAll(app, context);
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp& e) {
+    return app.exit(e);
+  } catch (const CLI::CallForAllHelp& e) {
+    return app.exit(e);
+  } catch (const CLI::CallForVersion& e) {
+    return app.exit(e);
+  } catch (const CLI::ParseError& e) {
+    app.exit(e);
+    return 2;
+  } catch (const zel::cli::UserError& e) {
+    if (!e.message.empty()) std::cerr << e.message << '\n';
+    return e.code;
+  }
+  if (auto* s = dynamic_cast<zel::QtSettingsStore*>(&context.settings())) s->flush();
+  return 0;
+}
