@@ -1,13 +1,70 @@
 #include "ui/application.h"
 
 #include <QApplication>
-#include <QMainWindow>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QStandardPaths>
+#include <QTimer>
+#include <memory>
+
+#include "core/demo_document.h"
+#include "core/memory_ports.h"
+#include "core/session.h"
+#include "platform/qt_settings_store.h"
+#include "ui/main_window.h"
+#include "ui/qt_feedback.h"
 
 namespace zel::ui {
+
 int runApplication(QApplication& app) {
-  QMainWindow w;
-  w.setWindowTitle("ZEL536");
-  w.show();
+  QCommandLineParser parser;
+  parser.setApplicationDescription("ZEL536: favorites lists, the scanner card and the live scanner");
+  parser.addHelpOption();
+  parser.addVersionOption();
+  parser.addPositionalArgument("file", "A favorites list (.hpd) or a profile (.pfl) to open.");
+  QCommandLineOption demo("demo", "Open the embedded demo list when no file is given.");
+  QCommandLineOption dataDir("data-dir", "Data folder instead of \"My Scanner Data Files\".", "dir");
+  QCommandLineOption settingsFile("settings", "Settings file (INI) instead of your own settings.",
+                                  "file");
+  QCommandLineOption noReminder("no-reminder", "Do not show the backup reminder at start.");
+  parser.addOptions({demo, dataDir, settingsFile, noReminder});
+  parser.process(app);
+
+  QString data = parser.value(dataDir);
+  if (data.isEmpty()) {
+    QString docs = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (docs.isEmpty()) docs = QDir::homePath();
+    data = docs + "/My Scanner Data Files";
+  }
+  std::unique_ptr<QtSettingsStore> store =
+      parser.isSet(settingsFile) ? std::make_unique<QtSettingsStore>(parser.value(settingsFile))
+                                 : std::make_unique<QtSettingsStore>();
+  QtFeedback feedback;
+  SystemClock clock;
+  Session session(*store, feedback, clock, data.toStdString());
+  // The reminder waits until the window is up, so it shows over it.
+  std::string autoLoad = session.start(false);
+  const QStringList files = parser.positionalArguments();
+
+  MainWindow window(session, feedback);
+  if (files.isEmpty() && autoLoad.empty()) {
+    buildDemoDocument(session.document(), session.pages(), feedback);
+    window.refreshTree();
+  }
+  window.show();
+  if (!parser.isSet(noReminder)) {
+    QTimer::singleShot(200, &window, [&feedback] {
+      feedback.message("Please backup your data and store in a safe place!");
+    });
+  }
+  const QString toOpen = files.isEmpty() ? QString::fromStdString(autoLoad) : files.first();
+  if (!toOpen.isEmpty()) {
+    QTimer::singleShot(300, &window, [&window, &feedback, toOpen] {
+      feedback.progress("Auto Loading File");
+      window.openPath(toOpen);
+    });
+  }
   return app.exec();
 }
+
 }  // namespace zel::ui

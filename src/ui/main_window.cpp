@@ -1,0 +1,350 @@
+#include "ui/main_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTableWidget>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "core/keys.h"
+#include "core/new_commands.h"
+#include "core/record_line.h"
+#include "core/text.h"
+#include "core/tree_operations.h"
+#include "ui/qt_feedback.h"
+
+namespace zel::ui {
+
+namespace {
+constexpr int kKeyRole = Qt::UserRole + 1;
+
+QString kindIcon(const QString& key) {
+  if (key.startsWith("FAV-")) return QStringLiteral("\u2605 ");
+  if (key.startsWith("SYS-")) return QStringLiteral("\u25A3 ");
+  if (key.startsWith("SIT-")) return QStringLiteral("\u25B2 ");
+  if (key.startsWith("GRP-")) return QStringLiteral("\u25CF ");
+  return {};
+}
+}  // namespace
+
+MainWindow::MainWindow(Session& session, Feedback& feedback, QWidget* parent)
+    : QMainWindow(parent), session_(session), feedback_(feedback) {
+  setObjectName("mdi_editor_patrol");
+  buildCentre();
+  buildMenus();
+  lblSys_ = new QLabel(this);
+  lblSys_->setObjectName("lbl_sys");
+  unsaved_ = new QLabel(this);
+  statusBar()->addPermanentWidget(lblSys_);
+  statusBar()->addPermanentWidget(unsaved_);
+  statusBar()->showMessage("Ready");
+  if (auto* qf = dynamic_cast<QtFeedback*>(&feedback_)) qf->attach(this, statusBar(), lblSys_, list5_);
+  restoreGeometryFromSettings();
+  refreshTree();
+  updateStatus();
+}
+
+void MainWindow::buildCentre() {
+  splitter_ = new QSplitter(Qt::Horizontal, this);
+  tree_ = new QTreeWidget(splitter_);
+  tree_->setObjectName("TreeView2");
+  tree_->setHeaderLabel("Favorites");
+  tree_->setMinimumWidth(220);
+  connect(tree_, &QTreeWidget::itemClicked, this,
+          [this](QTreeWidgetItem* item, int) { onTreeClicked(item); });
+  connect(tree_, &QTreeWidget::itemActivated, this,
+          [this](QTreeWidgetItem* item, int) { onTreeClicked(item); });
+
+  auto* right = new QWidget(splitter_);
+  auto* layout = new QVBoxLayout(right);
+  layout->setContentsMargins(4, 4, 4, 4);
+  paneTitle_ = new QLabel("Select a favorites list, system, site or department.", right);
+  QFont f = paneTitle_->font();
+  f.setBold(true);
+  f.setPointSizeF(f.pointSizeF() * 1.15);
+  paneTitle_->setFont(f);
+  layout->addWidget(paneTitle_);
+  fields_ = new QTableWidget(0, 2, right);
+  fields_->setObjectName("recordPane");
+  fields_->setHorizontalHeaderLabels({"Field", "Value"});
+  fields_->horizontalHeader()->setStretchLastSection(true);
+  fields_->verticalHeader()->setVisible(false);
+  connect(fields_, &QTableWidget::cellChanged, this, &MainWindow::onFieldEdited);
+  layout->addWidget(fields_, 1);
+  rows_ = new QTableWidget(0, 0, right);
+  rows_->setObjectName("convgrid");
+  rows_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  layout->addWidget(rows_, 2);
+  list5_ = new QListWidget(right);
+  list5_->setObjectName("List5");
+  list5_->setMaximumHeight(60);
+  layout->addWidget(list5_);
+  splitter_->setStretchFactor(1, 1);
+  setCentralWidget(splitter_);
+}
+
+QAction* MainWindow::addCommand(QMenu* menu, const QString& caption, std::function<void()> handler,
+                                const QKeySequence& shortcut) {
+  QAction* a = menu->addAction(caption);
+  if (!shortcut.isEmpty()) a->setShortcut(shortcut);
+  connect(a, &QAction::triggered, this, [handler] { handler(); });
+  actions_[caption] = a;
+  return a;
+}
+
+void MainWindow::later(const QString& caption) {
+  feedback_.message(toLatin1(caption) + " is not available in this version yet.");
+}
+
+void MainWindow::buildMenus() {
+  QMenu* file = menuBar()->addMenu("&File");
+  QMenu* fileNew = file->addMenu("&New");
+  for (const char* c : {"New HPD", "New File", "New Favourite"}) {
+    addCommand(fileNew, c, [this, c] { later(c); });
+  }
+  addCommand(file, "Open", [this] { later("Open"); }, QKeySequence::Open);
+  addCommand(file, "Save", [this] { later("Save"); }, QKeySequence::Save);
+  addCommand(file, "Save As", [this] { later("Save As"); }, QKeySequence::SaveAs);
+  addCommand(file, "Open Config File", [this] { later("Open Config File"); });
+  addCommand(file, "Save Config File", [this] { later("Save Config File"); });
+  QMenu* import = file->addMenu("&Import");
+  for (const char* c : {"Import CSV File", "Import RSF File", "Import System(s) from Database",
+                        "Import ZEL XT File", "Import ZEL396/996 File"}) {
+    addCommand(import, c, [this, c] { later(c); });
+  }
+  QMenu* exportMenu = file->addMenu("&Export");
+  addCommand(exportMenu, "Export CSV", [this] { later("Export CSV"); });
+  addCommand(file, "Print", [this] { later("Print"); }, QKeySequence::Print);
+  file->addSeparator();
+  addCommand(file, "Exit", [this] { close(); }, QKeySequence::Quit);
+
+  QMenu* edit = menuBar()->addMenu("&Edit");
+  addCommand(edit, "New Channel", [this] { later("New Channel"); });
+  addCommand(edit, "New Department", [this] { newDepartmentCommand(); }, QKeySequence("Ctrl+D"));
+  edit->addSeparator();
+  const char* systems[] = {"New Conventional System",     "New Motorola Trunk System",
+                           "New LT Trunk System",         "New Edacs Trunk System",
+                           "New P25 Trunk System",        "New X2 TDMA Trunk System",
+                           "New Nxdn Trunk System",       "New Nxdn One Frequency System",
+                           "New MotoTRBO Trunk System",   "New DMR One Frequency System",
+                           "New Rebanded Trunk System"};
+  for (const char* c : systems) {
+    QKeySequence key;
+    if (QString(c) == "New Conventional System") key = QKeySequence("Ctrl+Shift+C");
+    if (QString(c) == "New P25 Trunk System") key = QKeySequence("Ctrl+Shift+P");
+    addCommand(edit, c, [this, c] { newSystemCommand(c); }, key);
+  }
+  addCommand(edit, "New Site", [this] { newSiteCommand(); }, QKeySequence("Ctrl+Shift+S"));
+  edit->addSeparator();
+  for (const char* c : {"Edit Departments", "Edit Favorites Configuration", "Edit Banknames"}) {
+    addCommand(edit, c, [this, c] { later(c); });
+  }
+  addCommand(edit, "Find", [this] { later("Find"); }, QKeySequence::Find);
+  addCommand(edit, "Find Duplicates", [this] { later("Find Duplicates"); });
+
+  QMenu* scanner = menuBar()->addMenu("&Scanner");
+  addCommand(scanner, "Read Data", [this] { later("Read Data"); });
+  addCommand(scanner, "Write Data", [this] { later("Write Data"); });
+
+  QMenu* profile = menuBar()->addMenu("&Profile");
+  for (const char* c : {"Open Profile", "Save Profile", "Save Profile As", "Clear Profile Name"}) {
+    addCommand(profile, c, [this, c] { later(c); });
+  }
+}
+
+QAction* MainWindow::action(const QString& caption) const {
+  auto it = actions_.find(caption);
+  return it == actions_.end() ? nullptr : it->second;
+}
+
+bool MainWindow::runCommand(const QString& caption) {
+  QAction* a = action(caption);
+  if (!a) {
+    feedback_.message(toLatin1(caption));  // an unknown menu word shows its caption
+    return false;
+  }
+  a->trigger();
+  return true;
+}
+
+void MainWindow::newSystemCommand(const QString& caption) {
+  auto r = newSystem(session_.document(), toLatin1(caption), feedback_);
+  if (!r.ok) return;
+  refreshTree();
+  selectKey(QString::fromStdString(r.key));
+}
+
+void MainWindow::newSiteCommand() {
+  auto r = newSite(session_.document(), session_.selectedSystem(), feedback_);
+  if (!r.ok) return;
+  refreshTree();
+  selectKey(QString::fromStdString(r.key));
+}
+
+void MainWindow::newDepartmentCommand() {
+  auto r = newDepartment(session_.document(), session_.selectedSystem(), feedback_);
+  if (!r.ok) return;
+  refreshTree();
+  selectKey(QString::fromStdString(r.key));
+}
+
+bool MainWindow::openPath(const QString& path) {
+  feedback_.message("File error: check if file exists:    " + toLatin1(path));
+  return false;
+}
+
+void MainWindow::refreshTree() {
+  const DocumentTree& vis = session_.document().visible;
+  tree_->clear();
+  std::function<void(NodeId, QTreeWidgetItem*)> addChildren = [&](NodeId node, QTreeWidgetItem* parent) {
+    for (NodeId c : vis.childList(node)) {
+      auto* item = new QTreeWidgetItem(parent);
+      const QString key = QString::fromStdString(vis.key(c));
+      item->setText(0, kindIcon(key) + fromLatin1(vis.text(c)));
+      item->setData(0, kKeyRole, key);
+      addChildren(c, item);
+    }
+  };
+  for (NodeId top : vis.topLevel()) {
+    auto* item = new QTreeWidgetItem(tree_);
+    const QString key = QString::fromStdString(vis.key(top));
+    item->setText(0, kindIcon(key) + fromLatin1(vis.text(top)));
+    item->setData(0, kKeyRole, key);
+    addChildren(top, item);
+  }
+  tree_->expandAll();
+  updateStatus();
+}
+
+bool MainWindow::selectKey(const QString& key) {
+  QTreeWidgetItemIterator it(tree_);
+  while (*it) {
+    if ((*it)->data(0, kKeyRole).toString() == key) {
+      tree_->setCurrentItem(*it);
+      onTreeClicked(*it);
+      return true;
+    }
+    ++it;
+  }
+  return false;
+}
+
+void MainWindow::onTreeClicked(QTreeWidgetItem* item) {
+  if (!item) return;
+  const std::string key = item->data(0, kKeyRole).toString().toStdString();
+  session_.select(key, *this);
+  setWindowTitle(QString::fromStdString(session_.windowTitle(key)));
+  updateStatus();
+}
+
+void MainWindow::storePane(std::string_view, std::string_view) {
+  // Every field edit already went to the record through the set-field operation.
+}
+
+void MainWindow::storeGrid(std::string_view departmentKey) {
+  std::vector<std::string> lines;
+  for (int r = 0; r < rows_->rowCount(); ++r) {
+    std::vector<std::string> fields{std::to_string(r + 1)};
+    for (int c = 0; c < rows_->columnCount(); ++c) {
+      auto* item = rows_->item(r, c);
+      fields.push_back(item ? toLatin1(item->text()) : std::string());
+    }
+    if (fields.size() > 1 && !fields[1].empty()) lines.push_back(join(fields, ','));
+  }
+  session_.pages().save(departmentKey, lines);
+}
+
+void MainWindow::showPane(std::string_view key, std::string_view kind) {
+  filling_ = true;
+  const std::string line = treemod::getText(session_.document().data, key);
+  paneTitle_->setText(QString::fromStdString(std::string(kind)) + ": " +
+                      fromLatin1(visibleCaption(session_.document(), key)));
+  const int count = line.empty() ? 0 : record::fieldCount(line);
+  fields_->setRowCount(count);
+  for (int n = 0; n < count; ++n) {
+    auto* pos = new QTableWidgetItem(QString::number(n));
+    pos->setFlags(pos->flags() & ~Qt::ItemIsEditable);
+    fields_->setItem(n, 0, pos);
+    auto* value = new QTableWidgetItem(fromLatin1(record::field(line, n)));
+    if (n == 0) value->setFlags(value->flags() & ~Qt::ItemIsEditable);
+    fields_->setItem(n, 1, value);
+  }
+  rows_->setRowCount(0);
+  rows_->setColumnCount(0);
+  filling_ = false;
+}
+
+void MainWindow::loadGrid(std::string_view departmentKey) {
+  const auto lines = session_.pages().load(departmentKey);
+  int cols = 0;
+  std::vector<std::vector<std::string>> table;
+  for (const auto& l : lines) {
+    table.push_back(split(splitPageLine(l).fields, ','));
+    cols = std::max(cols, static_cast<int>(table.back().size()));
+  }
+  rows_->setColumnCount(cols);
+  rows_->setRowCount(static_cast<int>(table.size()));
+  for (int r = 0; r < static_cast<int>(table.size()); ++r) {
+    for (int c = 0; c < static_cast<int>(table[r].size()); ++c) {
+      rows_->setItem(r, c, new QTableWidgetItem(fromLatin1(table[r][c])));
+    }
+  }
+  rows_->resizeColumnsToContents();
+}
+
+void MainWindow::onFieldEdited(int row, int column) {
+  if (filling_ || column != 1) return;
+  const std::string& key = session_.selectedKey();
+  if (key.empty()) return;
+  auto* item = fields_->item(row, column);
+  const std::string value = record::sanitize(toLatin1(item ? item->text() : QString()));
+  treemod::setField(session_.document().data, key, row, value);
+  session_.document().changed = true;
+  if (row == 4) {
+    showInVisibleTree(session_.document(), key);
+    if (auto* current = tree_->currentItem())
+      current->setText(0, kindIcon(QString::fromStdString(key)) +
+                              fromLatin1(visibleCaption(session_.document(), key)));
+  }
+}
+
+void MainWindow::updateStatus() {
+  unsaved_->setText(QString::fromStdString(session_.unsavedText()));
+  if (session_.selectedKey().empty()) setWindowTitle(QString::fromStdString(session_.windowTitle("")));
+}
+
+void MainWindow::restoreGeometryFromSettings() {
+  const auto& s = session_.settings();
+  // Stored geometry is in twips, as the settings always kept it (15 twips a pixel).
+  const int w = s.wwidth > 100 ? s.wwidth / 15 : 1100;
+  const int h = s.wheight > 100 ? s.wheight / 15 : 700;
+  resize(std::max(w, 640), std::max(h, 420));
+  if (s.wleft > 100 || s.wtop > 100) move(s.wleft / 15, s.wtop / 15);
+  const int left = std::clamp(s.browserLeft / 15, 160, 600);
+  splitter_->setSizes({left, std::max(width() - left, 200)});
+  if (s.wstate == 2) setWindowState(Qt::WindowMaximized);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  auto& s = session_.settings();
+  s.wleft = x() * 15;
+  s.wtop = y() * 15;
+  s.wwidth = width() * 15;
+  s.wheight = height() * 15;
+  s.wstate = isMaximized() ? 2 : (isMinimized() ? 1 : 0);
+  if (!splitter_->sizes().isEmpty()) s.browserLeft = splitter_->sizes().first() * 15;
+  if (!session_.shutdown()) {
+    event->ignore();
+    return;
+  }
+  event->accept();
+}
+
+}  // namespace zel::ui

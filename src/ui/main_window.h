@@ -1,0 +1,81 @@
+// The main window: the tree of favorites lists, systems, sites and departments on the
+// left, the pane of the selected node on the right, the menus of the editor, and the
+// status bar with the progress label.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <map>
+
+#include "core/session.h"
+
+class QLabel;
+class QListWidget;
+class QTableWidget;
+class QTreeWidget;
+class QTreeWidgetItem;
+class QSplitter;
+class QAction;
+
+namespace zel::ui {
+
+class MainWindow : public QMainWindow, public SelectionHost {
+  Q_OBJECT
+
+ public:
+  MainWindow(Session& session, Feedback& feedback, QWidget* parent = nullptr);
+
+  // Runs a menu command by its caption, as a click on it would ("New P25 Trunk System").
+  bool runCommand(const QString& caption);
+  QAction* action(const QString& caption) const;
+  // Shows the document's visible tree again after the document changed.
+  void refreshTree();
+  // Selects a node of the visible tree by key, as a click would.
+  bool selectKey(const QString& key);
+  // Opens a favorites list or profile; the file formats arrive with their own module.
+  bool openPath(const QString& path);
+
+  QTreeWidget* tree() const { return tree_; }
+  QTableWidget* recordPane() const { return fields_; }
+  QTableWidget* rowsPane() const { return rows_; }
+  QLabel* progressLabel() const { return lblSys_; }
+  Session& session() { return session_; }
+
+  // SelectionHost
+  void storePane(std::string_view key, std::string_view kind) override;
+  void storeGrid(std::string_view departmentKey) override;
+  void showPane(std::string_view key, std::string_view kind) override;
+  void loadGrid(std::string_view departmentKey) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void buildMenus();
+  void buildCentre();
+  QAction* addCommand(QMenu* menu, const QString& caption, std::function<void()> handler,
+                      const QKeySequence& shortcut = {});
+  void later(const QString& caption);
+  void newSystemCommand(const QString& caption);
+  void newSiteCommand();
+  void newDepartmentCommand();
+  void onTreeClicked(QTreeWidgetItem* item);
+  void onFieldEdited(int row, int column);
+  void updateStatus();
+  void restoreGeometryFromSettings();
+
+  Session& session_;
+  Feedback& feedback_;
+  QTreeWidget* tree_ = nullptr;
+  QTableWidget* fields_ = nullptr;
+  QTableWidget* rows_ = nullptr;
+  QLabel* paneTitle_ = nullptr;
+  QLabel* lblSys_ = nullptr;
+  QLabel* unsaved_ = nullptr;
+  QListWidget* list5_ = nullptr;
+  QSplitter* splitter_ = nullptr;
+  std::map<QString, QAction*> actions_;
+  bool filling_ = false;
+};
+
+}  // namespace zel::ui

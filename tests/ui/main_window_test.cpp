@@ -1,0 +1,105 @@
+// The main window under the offscreen platform: the New commands add nodes to the visible
+// tree with the system's messages, a click shows the node's record, and edits of the pane
+// reach the record line.
+#include <QAction>
+#include <QTableWidget>
+#include <QTest>
+#include <QTreeWidget>
+
+#include "core/memory_ports.h"
+#include "core/record_line.h"
+#include "core/tree_operations.h"
+#include "test_folder.h"
+#include "ui/main_window.h"
+
+using namespace zel;
+
+class MainWindowTest : public QObject {
+  Q_OBJECT
+
+  struct Fixture {
+    TestFolder dir;
+    MemorySettingsStore store;
+    RecordingFeedback feedback;
+    ManualClock clock;
+    Session session{store, feedback, clock, dir.file("data")};
+    std::unique_ptr<ui::MainWindow> window;
+    Fixture() {
+      session.start(false);
+      window = std::make_unique<ui::MainWindow>(session, feedback);
+      window->show();
+    }
+    int topLevelCount() const { return window->tree()->topLevelItemCount(); }
+  };
+
+ private slots:
+  void titleAndMenusAreThere() {
+    Fixture f;
+    QVERIFY(f.window->windowTitle().startsWith("ZEL536"));
+    for (const char* caption :
+         {"New HPD", "New File", "New Favourite", "Open", "Save", "Open Config File",
+          "Save Config File", "Import CSV File", "Export CSV", "Exit", "New Department",
+          "New Conventional System", "New Nxdn One Frequency System", "New Rebanded Trunk System",
+          "New Site", "Edit Departments", "Edit Favorites Configuration", "Find",
+          "Find Duplicates", "Read Data", "Write Data", "Open Profile", "Clear Profile Name"}) {
+      QVERIFY2(f.window->action(caption) != nullptr, caption);
+    }
+  }
+
+  void newCommandsGrowTheTree() {
+    Fixture f;
+    QVERIFY(f.window->runCommand("New P25 Trunk System"));
+    QCOMPARE(f.topLevelCount(), 1);
+    QTreeWidgetItem* sys = f.window->tree()->topLevelItem(0);
+    QVERIFY(sys->text(0).endsWith("New P25 System"));
+    QCOMPARE(sys->childCount(), 1);  // its first department
+    QVERIFY(f.window->selectKey("SYS-001"));
+    QVERIFY(f.window->runCommand("New Site"));
+    QVERIFY(f.window->runCommand("New Department"));
+    sys = f.window->tree()->topLevelItem(0);
+    QCOMPARE(sys->childCount(), 3);
+    QVERIFY(f.session.document().data.contains("SIT-001-001"));
+    QVERIFY(f.session.document().data.contains("GRP-999-001-002"));
+    QVERIFY(f.feedback.messages.empty());
+  }
+
+  void refusalsUseTheSystemsMessages() {
+    Fixture f;
+    f.window->runCommand("New Department");
+    QCOMPARE(QString::fromStdString(f.feedback.messages.back()),
+             QString("Can't add department. Please add a new system or select existing system."));
+    f.window->runCommand("New Conventional System");
+    f.window->runCommand("New Site");
+    QCOMPARE(QString::fromStdString(f.feedback.messages.back()), QString("error, not a trunk system."));
+    QVERIFY(!f.session.document().data.contains("SIT-001-001"));
+  }
+
+  void editingTheRecordPaneChangesTheLineAndCaption() {
+    Fixture f;
+    f.window->runCommand("New Conventional System");
+    QVERIFY(f.window->selectKey("SYS-001"));
+    QTableWidget* pane = f.window->recordPane();
+    QVERIFY(pane->rowCount() >= 24);
+    QCOMPARE(pane->item(4, 1)->text(), QString("New System"));
+    pane->item(4, 1)->setText("County, Fire");
+    QCOMPARE(QString::fromStdString(treemod::getField(f.session.document().data, "SYS-001", 4)),
+             QString("County; Fire"));
+    QVERIFY(f.window->tree()->topLevelItem(0)->text(0).endsWith("County; Fire"));
+    QVERIFY(f.window->windowTitle().contains("Unsaved HPD systems"));
+  }
+
+  void closeAsksWhenChanged() {
+    Fixture f;
+    f.window->runCommand("New Conventional System");
+    f.feedback.answers = {Answer::Cancel};
+    QVERIFY(!f.window->close());
+    QCOMPARE(f.feedback.questions.size(), size_t(1));
+    f.feedback.answers = {Answer::Yes};
+    QVERIFY(f.window->close());
+    std::string raw;
+    QVERIFY(f.store.read("", "browser_left", raw));
+  }
+};
+
+QTEST_MAIN(MainWindowTest)
+#include "main_window_test.moc"
