@@ -4,6 +4,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QStandardPaths>
+#include <QPixmap>
 #include <QTimer>
 #include <memory>
 
@@ -27,7 +28,8 @@ int runApplication(QApplication& app) {
   QCommandLineOption settingsFile("settings", "Settings file (INI) instead of your own settings.",
                                   "file");
   QCommandLineOption noReminder("no-reminder", "Do not show the backup reminder at start.");
-  parser.addOptions({demo, dataDir, settingsFile, noReminder});
+  QCommandLineOption screenshot("screenshot", "Save a picture of the main window and quit.", "png");
+  parser.addOptions({demo, dataDir, settingsFile, noReminder, screenshot});
   parser.process(app);
 
   QString data = parser.value(dataDir);
@@ -52,7 +54,14 @@ int runApplication(QApplication& app) {
     window.refreshTree();
   }
   window.show();
-  if (!parser.isSet(noReminder)) {
+  if (parser.isSet(screenshot)) {
+    const QString png = parser.value(screenshot);
+    QTimer::singleShot(800, &window, [&window, &app, png] {
+      window.selectKey("GRP-999-001-001");
+      window.grab().save(png);
+      app.exit(0);
+    });
+  } else if (!parser.isSet(noReminder)) {
     QTimer::singleShot(200, &window, [&feedback] {
       feedback.message("Please backup your data and store in a safe place!");
     });
