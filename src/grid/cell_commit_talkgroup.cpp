@@ -1,0 +1,40 @@
+#include "grid/cell_commit_talkgroup.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/text.h"
+
+namespace zel::cell {
+
+std::optional<std::string> toAfs(std::string_view talkgroup) {
+  std::string_view t = trimView(talkgroup);
+  if (t.empty() || t.find('-') != std::string_view::npos) return std::nullopt;
+  double value = leadingNumber(t);
+  if (value < 0) return std::nullopt;
+  // A small integer: halves go to the even neighbour, as the old integer conversion did.
+  long n = std::lrint(std::min(value, 32767.0));
+  if (n < 1) return std::string("00-000");
+  if (n >= 2047) return std::string("15-157");
+  long agency = (n & 0x780) / 128;
+  long fleet = (n & 0x78) / 8;
+  long sub = n & 7;
+  return padNumber(agency, 2) + "-" + padNumber(fleet, 2) + std::to_string(sub);
+}
+
+std::optional<std::string> toDecimal(std::string_view talkgroup) {
+  std::string t = trim(talkgroup);
+  if (t.find('-') == std::string::npos) return std::nullopt;
+  // A short AFS text was typed without its trailing zeros: "5-1" means "5-1000"... as the
+  // scanner pads it, to six characters.
+  if (t.size() >= 3 && t.size() <= 5) t.append(6 - t.size(), '0');
+  auto digitsAt = [&](std::size_t start1, std::size_t length) {
+    return leadingNumber(mid(t, start1, length));
+  };
+  long agency = std::clamp(static_cast<long>(digitsAt(1, 2)), 0L, 15L);
+  long fleet = std::clamp(static_cast<long>(digitsAt(4, 2)), 0L, 15L);
+  long sub = std::clamp(static_cast<long>(digitsAt(6, 1)), 0L, 7L);
+  return padNumber(agency * 128 + fleet * 8 + sub, 4);
+}
+
+}  // namespace zel::cell
