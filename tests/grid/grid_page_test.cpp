@@ -1,0 +1,138 @@
+#include "grid/grid_page.h"
+
+#include <gtest/gtest.h>
+
+namespace zel {
+namespace {
+
+GridPage numbered(int rows, int cols) {
+  GridPage grid(rows, cols);
+  for (int r = 0; r < rows; ++r) {
+    for (int c = 0; c < cols; ++c) {
+      grid.setTextMatrix(r, c, std::to_string(r) + ":" + std::to_string(c));
+    }
+  }
+  return grid;
+}
+
+TEST(GridPage, RepeatFillWritesTheWholeSelectionAndSingleOnlyTheCell) {
+  struct Case {
+    int row, col, rowSel, colSel;
+    GridPage::FillStyle style;
+    int written;
+  };
+  const Case cases[] = {
+      {2, 2, 4, 3, GridPage::FillStyle::Repeat, 6},
+      {4, 3, 2, 2, GridPage::FillStyle::Repeat, 6},  // selection drawn upwards
+      {2, 2, 4, 3, GridPage::FillStyle::Single, 1},
+      {3, 1, 3, 1, GridPage::FillStyle::Repeat, 1},
+  };
+  for (const auto& c : cases) {
+    GridPage grid(6, 5);
+    grid.setRow(c.row);
+    grid.setCol(c.col);
+    grid.setRowSel(c.rowSel);
+    grid.setColSel(c.colSel);
+    grid.setFillStyle(c.style);
+    grid.setText("On");
+    int count = 0;
+    for (int r = 0; r < grid.rows(); ++r) {
+      for (int col = 0; col < grid.cols(); ++col) count += grid.textMatrix(r, col) == "On";
+    }
+    EXPECT_EQ(count, c.written);
+    EXPECT_EQ(grid.textMatrix(c.row, c.col), "On");
+  }
+}
+
+TEST(GridPage, SettingTheCursorCollapsesTheSelection) {
+  GridPage grid(10, 5);
+  grid.setRow(2);
+  grid.setRowSel(6);
+  grid.setCol(1);
+  grid.setColSel(3);
+  grid.setRow(4);
+  EXPECT_EQ(grid.rowSel(), 4);
+  EXPECT_EQ(grid.colSel(), 3);  // only the axis that was set collapses
+  grid.setCol(2);
+  EXPECT_EQ(grid.colSel(), 2);
+}
+
+TEST(GridPage, ResizingKeepsCellsAndTheCursorInside) {
+  GridPage grid = numbered(4, 3);
+  grid.setRow(3);
+  grid.setCol(2);
+  grid.setCols(5);
+  EXPECT_EQ(grid.textMatrix(3, 2), "3:2");
+  EXPECT_EQ(grid.textMatrix(3, 4), "");
+  grid.setCols(2);
+  EXPECT_EQ(grid.col(), 1);
+  EXPECT_EQ(grid.textMatrix(2, 1), "2:1");
+  EXPECT_EQ(grid.textMatrix(2, 2), "");  // beyond the table
+  grid.setRows(2);
+  EXPECT_EQ(grid.row(), 1);
+  grid.setRows(4);
+  EXPECT_EQ(grid.textMatrix(3, 0), "");  // rows come back empty
+  EXPECT_EQ(grid.textMatrix(1, 1), "1:1");
+  grid.setRows(0);
+  EXPECT_EQ(grid.rows(), 1);
+}
+
+TEST(GridPage, CellsOutsideTheTableReadEmptyAndIgnoreWrites) {
+  GridPage grid = numbered(3, 3);
+  for (auto [r, c] : {std::pair{-1, 0}, {0, -1}, {3, 0}, {0, 3}}) {
+    grid.setTextMatrix(r, c, "x");
+    EXPECT_EQ(grid.textMatrix(r, c), "");
+    EXPECT_EQ(grid.colWidth(c < 0 || c >= 3 ? c : 99), 0);
+  }
+}
+
+TEST(GridPage, ClearEmptiesHeadingsTooButKeepsTheSize) {
+  GridPage grid = numbered(3, 4);
+  grid.clear();
+  EXPECT_EQ(grid.rows(), 3);
+  EXPECT_EQ(grid.cols(), 4);
+  for (int r = 0; r < 3; ++r) {
+    for (int c = 0; c < 4; ++c) EXPECT_EQ(grid.textMatrix(r, c), "");
+  }
+}
+
+TEST(GridPage, ColumnsAreFoundByHeadingWithoutCase) {
+  GridPage grid(2, 5);
+  grid.setTextMatrix(0, 0, "#");
+  grid.setTextMatrix(0, 1, "Frequency");
+  grid.setTextMatrix(0, 2, "Alpha Tag");
+  grid.setTextMatrix(0, 3, "Avoid");
+  grid.setTextMatrix(0, 4, "Alpha Tag");
+  EXPECT_EQ(grid.findColumn("alpha tag"), 2);  // first match wins
+  EXPECT_EQ(grid.findColumn("AVOID"), 3);
+  EXPECT_EQ(grid.findColumn("#"), -1);  // column 0 is never searched
+  EXPECT_EQ(grid.findColumn("Alpha"), -1);
+}
+
+TEST(GridPage, WidthsAndHeightsOfZeroHide) {
+  GridPage grid(5, 5);
+  EXPECT_FALSE(grid.colHidden(2));
+  grid.setColWidth(2, 0);
+  grid.setRowHeight(3, 0);
+  EXPECT_TRUE(grid.colHidden(2));
+  EXPECT_TRUE(grid.rowHidden(3));
+  grid.setColWidth(2, -5);  // a negative width is a hidden one, not a wider one
+  EXPECT_EQ(grid.colWidth(2), 0);
+  grid.setRows(20);
+  EXPECT_FALSE(grid.rowHidden(19));
+}
+
+TEST(GridPage, AHundredThousandRowsGrowOneAtATime) {
+  GridPage grid(1, 17);
+  for (int r = 1; r <= 100000; ++r) {
+    grid.setRows(r + 1);
+    grid.setTextMatrix(r, 1, std::to_string(r));
+  }
+  EXPECT_EQ(grid.rows(), 100001);
+  EXPECT_EQ(grid.textMatrix(1, 1), "1");
+  EXPECT_EQ(grid.textMatrix(99999, 1), "99999");
+  EXPECT_EQ(grid.textMatrix(100000, 16), "");
+}
+
+}  // namespace
+}  // namespace zel

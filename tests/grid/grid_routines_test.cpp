@@ -1,0 +1,278 @@
+#include "grid/grid_routines.h"
+
+#include <gtest/gtest.h>
+
+#include "core/memory_ports.h"
+#include "grid/column_schemas.h"
+#include "grid/grid_setup.h"
+
+namespace zel {
+namespace {
+
+class GridRoutines : public ::testing::Test {
+ protected:
+  GridRoutines() { clock.time = "09:15:30"; }
+  GridPage build(Schema schema, ScannerFamily family = ScannerFamily::BCD) {
+    GridPage grid;
+    GridSetup setup;
+    setup.family = family;
+    switch (schema) {
+      case Schema::Channel:
+        setup_grid(&grid, setup);
+        break;
+      case Schema::Talkgroup:
+        setup_tgrid(&grid, setup);
+        break;
+      case Schema::Unit:
+        setup_ugrid(&grid, setup);
+        break;
+      default:
+        setup_fgrid(&grid, setup);
+        break;
+    }
+    return grid;
+  }
+  GridEnv env() { return {&feedback, &clock}; }
+
+  RecordingFeedback feedback;
+  ManualClock clock;
+};
+
+TEST_F(GridRoutines, ColumnsAreFoundByHeadingInEverySchemaAndFamily) {
+  struct Case {
+    Schema schema;
+    ScannerFamily family;
+    const char* heading;
+    int col;
+  };
+  const auto B = ScannerFamily::BCD;
+  const auto H = ScannerFamily::HP;
+  const Case cases[] = {
+      {Schema::Channel, B, "Frequency", 1},      {Schema::Channel, B, "alpha tag", 2},
+      {Schema::Channel, B, "SQ Code", 6},        {Schema::Channel, B, "Alert Light", 13},
+      {Schema::Channel, B, "NumberTag", 15},     {Schema::Channel, B, "Priority", 16},
+      {Schema::Channel, H, "Alert Level", 12},   {Schema::Channel, H, "Alert Light", -1},
+      {Schema::Channel, H, "Priority", -1},      {Schema::Channel, B, "LockOut", -1},
+      {Schema::Channel, H, "LockOut", -1},       {Schema::Channel, B, "#", -1},
+      {Schema::Channel, B, "Talkgroup", -1},     {Schema::Channel, B, "Comments", -1},
+      {Schema::Talkgroup, B, "Talkgroup", 1},    {Schema::Talkgroup, B, "ALPHA TAG", 2},
+      {Schema::Talkgroup, B, "AudioType", 4},    {Schema::Talkgroup, B, "Alert Light", 10},
+      {Schema::Talkgroup, B, "DMR Tslot", 14},   {Schema::Talkgroup, H, "Alert Level", 9},
+      {Schema::Talkgroup, H, "Alert Light", -1}, {Schema::Talkgroup, H, "DMR Tslot", -1},
+      {Schema::Talkgroup, B, "SQ Code", -1},     {Schema::Talkgroup, B, "LockOut", -1},
+      {Schema::Unit, B, "Unit ID", 1},           {Schema::Unit, B, "Alpha Tag", 2},
+      {Schema::Unit, B, "Alert Pattern", 6},     {Schema::Unit, H, "Alert Light", -1},
+      {Schema::Unit, H, "Alert Level", 4},       {Schema::Unit, B, "LockOut", -1},
+      {Schema::Site, B, "Frequency", 1},         {Schema::Site, H, "LCN", 2},
+      {Schema::Site, B, "colorcode", 3},         {Schema::Site, B, "RAN", 4},
+      {Schema::Site, B, "Alert Light", -1},      {Schema::Site, B, "LockOut", -1},
+  };
+  for (const auto& c : cases) {
+    GridPage grid = build(c.schema, c.family);
+    EXPECT_EQ(g_get_colnum(&grid, c.heading), c.col)
+        << c.heading << " in schema " << static_cast<int>(c.schema)
+        << (c.family == H ? " HP" : " BCD");
+  }
+  EXPECT_TRUE(feedback.logs.empty());
+}
+
+TEST_F(GridRoutines, ANullGridLogsItsPhraseWithTheTimeAndDoesNothing) {
+  EXPECT_EQ(g_get_colnum(nullptr, "Frequency", env()), -1);
+  EXPECT_EQ(g_get_data(nullptr, 1, "Frequency", env()), "");
+  EXPECT_EQ(g_get_header(nullptr, env()), "");
+  EXPECT_EQ(g_remove_hidd(nullptr, env()), -1);
+  EXPECT_FALSE(incr_celld(nullptr, env()));
+  EXPECT_EQ(g_copy_alpha(nullptr, env()), 0);
+  EXPECT_EQ(g_align_text(nullptr, "Alpha Tag", TagAlignment::Right, env()), 0);
+  EXPECT_FALSE(moveRight(nullptr, env()));
+  GridSetup setup;
+  setup.env = env();
+  EXPECT_FALSE(setup_grid(nullptr, setup));
+  const std::vector<std::string> expected = {
+      "func g_get_colnum no_invoer 09:15:30", "func g_get_data no_invoer 09:15:30",
+      "func g_get_header no_invoer 09:15:30", "func g_remove_hidd no_invoer 09:15:30",
+      "incr_celld no_invoer 09:15:30",        "g_copy_alpha no_invoer 09:15:30",
+      "g_align_text no_invoer 09:15:30",      "g_r_elines no_invoer 09:15:30",
+      "g_r_elines no_invoer 09:15:30",
+  };
+  EXPECT_EQ(feedback.logs, expected);
+  EXPECT_TRUE(feedback.messages.empty());
+}
+
+TEST_F(GridRoutines, GetDataReadsByHeadingAndRefusesRowsOutsideTheGrid) {
+  GridPage grid = build(Schema::Channel);
+  grid.setTextMatrix(3, 4, "NFM");
+  EXPECT_EQ(g_get_data(&grid, 3, "mode", env()), "NFM");
+  EXPECT_EQ(g_get_data(&grid, 3, "Talkgroup", env()), "");
+  EXPECT_TRUE(feedback.messages.empty());
+  EXPECT_EQ(g_get_data(&grid, grid.rows(), "Mode", env()), "");
+  EXPECT_EQ(g_get_data(&grid, -1, "Mode", env()), "");
+  EXPECT_EQ(feedback.messages,
+            (std::vector<std::string>{"row error in get_data", "row error in get_data"}));
+}
+
+TEST_F(GridRoutines, HeaderOfTheCurrentColumn) {
+  GridPage grid = build(Schema::Talkgroup);
+  grid.setCol(4);
+  EXPECT_EQ(g_get_header(&grid), "AudioType");
+  grid.setCol(0);
+  EXPECT_EQ(g_get_header(&grid), "#");
+}
+
+TEST_F(GridRoutines, RemoveHiddDropsOnlyATrailingLastsortColumn) {
+  struct Case {
+    std::vector<const char*> extra;
+    int found;
+    int colsLost;
+  };
+  const Case cases[] = {
+      {{"lastsort"}, 17, 1},
+      {{"lastsort", "hiddensort"}, 17, 0},  // not the last column: Cols stays
+      {{"hiddensort"}, -1, 0},
+      {{}, -1, 0},
+  };
+  for (const auto& c : cases) {
+    GridPage grid = build(Schema::Channel);
+    for (const char* heading : c.extra) {
+      grid.setCols(grid.cols() + 1);
+      grid.setTextMatrix(0, grid.cols() - 1, heading);
+    }
+    int before = grid.cols();
+    EXPECT_EQ(g_remove_hidd(&grid), c.found);
+    EXPECT_EQ(before - grid.cols(), c.colsLost);
+  }
+}
+
+TEST_F(GridRoutines, MovingDownFromTheLastRowAddsExactlyOneRow) {
+  GridPage grid = build(Schema::Channel);
+  ASSERT_EQ(grid.rows(), 11);
+  grid.setRow(10);
+  grid.setCol(3);
+  EXPECT_TRUE(incr_celld(&grid));
+  EXPECT_EQ(grid.rows(), 12);
+  EXPECT_EQ(grid.row(), 11);
+  EXPECT_EQ(grid.col(), 3);
+  EXPECT_EQ(grid.textMatrix(11, 0), "11");
+  EXPECT_EQ(grid.takeRowsForColours(), std::vector<int>{11});
+  EXPECT_TRUE(grid.takeRowsForColours().empty());
+
+  grid.setRow(4);
+  EXPECT_TRUE(incr_celld(&grid));
+  EXPECT_EQ(grid.row(), 5);
+  EXPECT_EQ(grid.rows(), 12);
+}
+
+TEST_F(GridRoutines, MovingDownSkipsHiddenRowsAndGrowsPastHiddenLastRows) {
+  GridPage grid = build(Schema::Channel);
+  grid.setRowHeight(6, 0);
+  grid.setRowHeight(7, 0);
+  grid.setRow(5);
+  incr_celld(&grid);
+  EXPECT_EQ(grid.row(), 8);
+
+  grid.setRowHeight(9, 0);
+  grid.setRowHeight(10, 0);
+  incr_celld(&grid);
+  EXPECT_EQ(grid.row(), 11);
+  EXPECT_EQ(grid.rows(), 12);
+}
+
+TEST_F(GridRoutines, MovingDownKeepsGrowingForALongPage) {
+  GridPage grid = build(Schema::Channel);
+  grid.setRow(1);
+  for (int i = 0; i < 100000; ++i) incr_celld(&grid);
+  EXPECT_EQ(grid.row(), 100001);
+  EXPECT_EQ(grid.rows(), 100002);
+  EXPECT_EQ(grid.textMatrix(100001, 0), "100001");
+}
+
+TEST_F(GridRoutines, MovingRightSkipsHiddenColumnsAndWrapsToTheNextRow) {
+  GridPage grid = build(Schema::Channel);
+  grid.setColWidth(4, 0);
+  grid.setColWidth(5, 0);
+  grid.setRow(2);
+  grid.setCol(3);
+  EXPECT_TRUE(moveRight(&grid));
+  EXPECT_EQ(grid.col(), 6);
+
+  grid.setCol(16);
+  EXPECT_TRUE(moveRight(&grid));
+  EXPECT_EQ(grid.row(), 3);
+  EXPECT_EQ(grid.col(), 1);
+
+  grid.setRowHeight(4, 0);  // the wrap skips a hidden row
+  grid.setCol(16);
+  moveRight(&grid);
+  EXPECT_EQ(grid.row(), 5);
+
+  grid.setRow(10);  // nothing after the last column of the last row
+  grid.setCol(16);
+  EXPECT_FALSE(moveRight(&grid));
+  EXPECT_EQ(grid.row(), 10);
+  EXPECT_EQ(grid.col(), 16);
+
+  grid.setColWidth(16, 0);  // a hidden last column is passed over by the wrap
+  grid.setRow(6);
+  grid.setCol(15);
+  moveRight(&grid);
+  EXPECT_EQ(grid.row(), 7);
+  EXPECT_EQ(grid.col(), 1);
+}
+
+TEST_F(GridRoutines, CopyAlphaFillsTheTagsOfTheSelectedRowsWithAKey) {
+  GridPage grid = build(Schema::Channel);
+  grid.setTextMatrix(1, 1, "154.785000");
+  grid.setTextMatrix(2, 2, "Kept");  // no frequency: left alone
+  grid.setTextMatrix(3, 1, "460.125000");
+  grid.setTextMatrix(3, 2, "Old");
+  grid.setTextMatrix(4, 1, "851.012500");  // outside the selection
+  grid.setRow(1);
+  grid.setCol(2);
+  grid.setRowSel(3);
+  EXPECT_EQ(g_copy_alpha(&grid), 2);
+  EXPECT_EQ(grid.textMatrix(1, 2), "154.785000");
+  EXPECT_EQ(grid.textMatrix(2, 2), "Kept");
+  EXPECT_EQ(grid.textMatrix(3, 2), "460.125000");
+  EXPECT_EQ(grid.textMatrix(4, 2), "");
+
+  GridPage talkgroups = build(Schema::Talkgroup);
+  talkgroups.setTextMatrix(2, 1, "1234");
+  talkgroups.setRow(2);
+  EXPECT_EQ(g_copy_alpha(&talkgroups), 1);
+  EXPECT_EQ(talkgroups.textMatrix(2, 2), "1234");
+
+  GridPage units = build(Schema::Unit);  // neither key column: nothing happens
+  units.setTextMatrix(1, 1, "123");
+  units.setRow(1);
+  EXPECT_EQ(g_copy_alpha(&units), 0);
+  EXPECT_EQ(units.textMatrix(1, 2), "");
+}
+
+TEST_F(GridRoutines, AlignTextPadsTagsOnTheScannerLine) {
+  struct Case {
+    const char* tag;
+    TagAlignment mode;
+    const char* result;
+  };
+  const Case cases[] = {
+      {"Fire", TagAlignment::Centre, "      Fire"},
+      {"Fire", TagAlignment::Right, "            Fire"},
+      {"   Fire  ", TagAlignment::Left, "Fire"},
+      {"  Fire", TagAlignment::Centre, "      Fire"},  // blanks already there don't add up
+      {"County Fire Dispatch", TagAlignment::Right, "County Fire Dispatch"},
+      {"", TagAlignment::Right, ""},
+  };
+  for (const auto& c : cases) {
+    GridPage grid = build(Schema::Channel);
+    grid.setTextMatrix(5, 2, c.tag);
+    g_align_text(&grid, "Alpha Tag", c.mode);
+    EXPECT_EQ(grid.textMatrix(5, 2), c.result) << c.tag;
+  }
+  GridPage grid = build(Schema::Channel);
+  grid.setTextMatrix(1, 2, "Fire");
+  EXPECT_EQ(g_align_text(&grid, "Comments", TagAlignment::Right), 0);
+  EXPECT_EQ(grid.textMatrix(1, 2), "Fire");
+}
+
+}  // namespace
+}  // namespace zel

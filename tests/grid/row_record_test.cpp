@@ -1,0 +1,164 @@
+#include "grid/row_record.h"
+
+#include <gtest/gtest.h>
+
+#include "grid/grid_setup.h"
+
+namespace zel {
+namespace {
+
+GridPage channelGrid(ScannerFamily family = ScannerFamily::BCD) {
+  GridPage grid;
+  GridSetup setup;
+  setup.family = family;
+  setup_grid(&grid, setup);
+  return grid;
+}
+
+GridPage talkgroupGrid() {
+  GridPage grid;
+  setup_tgrid(&grid, GridSetup{});
+  return grid;
+}
+
+const char* kChannel =
+    "7,154.785000,Fire Dispatch,Off,NFM,CTCSS,123.0,Fire Dispatch,Off,2,0,Off,Auto,Off,On,,Off";
+const char* kTalkgroup = "3,1234,County PD,Off,Digital,Law Dispatch,2,0,Off,Auto,Off,On,5,Off,Any";
+
+TEST(RowRecord, RecordsComeBackFromTheirRowUnchanged) {
+  struct Case {
+    GridPage grid;
+    const char* record;
+    const char* index;
+  };
+  Case cases[] = {
+      {channelGrid(), kChannel, "7"},
+      {talkgroupGrid(), kTalkgroup, "3"},
+      {channelGrid(ScannerFamily::HP), "1,88.500000,Radio,On,WFM,All,,Media,Off,0,0,Off,Auto", "1"},
+      {channelGrid(), "12,460.125000,,,,,,,,,,,,,,,", "12"},  // empty cells stay empty fields
+  };
+  for (auto& c : cases) {
+    recordToRow(c.grid, 4, c.record);
+    auto back = rowToRecord(c.grid, 4, c.index);
+    ASSERT_TRUE(back.has_value()) << c.record;
+    EXPECT_EQ(*back, c.record);
+  }
+}
+
+TEST(RowRecord, FieldNGoesToColumnN) {
+  GridPage grid = channelGrid();
+  recordToRow(grid, 2, kChannel);
+  EXPECT_EQ(grid.textMatrix(2, grid.findColumn("Frequency")), "154.785000");
+  EXPECT_EQ(grid.textMatrix(2, grid.findColumn("SQ Code")), "123.0");
+  EXPECT_EQ(grid.textMatrix(2, grid.findColumn("Alert Pattern")), "On");
+  EXPECT_EQ(grid.textMatrix(2, grid.findColumn("NumberTag")), "");
+  EXPECT_EQ(grid.textMatrix(2, 0), "2");  // the label is the grid's, not the record's
+}
+
+TEST(RowRecord, ShortRecordsEmptyTheRestAndLongOnesAreCut) {
+  GridPage grid = channelGrid();
+  recordToRow(grid, 1, kChannel);
+  recordToRow(grid, 1, "1,146.520000,Simplex\r\n");
+  EXPECT_EQ(grid.textMatrix(1, 2), "Simplex");
+  EXPECT_EQ(grid.textMatrix(1, 4), "");
+  EXPECT_EQ(grid.textMatrix(1, 16), "");
+
+  GridPage hp = channelGrid(ScannerFamily::HP);
+  recordToRow(hp, 1, kChannel);
+  EXPECT_EQ(*rowToRecord(hp, 1, "7"),
+            "7,154.785000,Fire Dispatch,Off,NFM,CTCSS,123.0,Fire Dispatch,Off,2,0,Off,Auto");
+}
+
+TEST(RowRecord, ARowWithoutAKeyIsNoRecord) {
+  GridPage grid = channelGrid();
+  grid.setTextMatrix(3, 2, "Name only");
+  EXPECT_FALSE(rowToRecord(grid, 3, "3").has_value());
+  EXPECT_FALSE(rowToRecord(grid, 0, "0").has_value());  // the heading row
+  EXPECT_FALSE(rowToRecord(grid, 99, "99").has_value());
+}
+
+TEST(RowRecord, WorkingColumnsNeverReachARecord) {
+  GridPage grid = channelGrid();
+  for (const char* heading : {"hiddensort", "lastsort", "index"}) {
+    grid.setCols(grid.cols() + 1);
+    grid.setTextMatrix(0, grid.cols() - 1, heading);
+  }
+  EXPECT_EQ(recordColumnCount(grid), 16);
+  recordToRow(grid, 1, std::string(kChannel) + ",sortkey,x,y");
+  EXPECT_EQ(grid.textMatrix(1, 17), "");
+  grid.setTextMatrix(1, 17, "0001");
+  EXPECT_EQ(*rowToRecord(grid, 1, "7"), kChannel);
+}
+
+TEST(RecordKey, APointInFieldOneMakesAFrequencyRecord) {
+  struct Case {
+    const char* record;
+    bool frequency;
+    const char* key;
+  };
+  const Case cases[] = {
+      {kChannel, true, "FRQ-001-002-0003"},
+      {kTalkgroup, false, "TID-001-002-0003"},
+      {"1,12-034,EDACS", false, "TID-001-002-0003"},
+      {"1,,Empty", false, "TID-001-002-0003"},
+      {"1,.5", true, "FRQ-001-002-0003"},
+      {"1", false, "TID-001-002-0003"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(isFrequencyRecord(c.record), c.frequency) << c.record;
+    EXPECT_EQ(recordKey(c.record, 1, 2, 3), c.key) << c.record;
+  }
+  EXPECT_EQ(recordKey(kChannel, 999, 399, 9999), "FRQ-999-399-9999");
+}
+
+TEST(PageLines, LoadingFillsRowsInOrderAndKeepsTheFreshPageSize) {
+  GridPage grid = channelGrid();
+  // What the last department left behind must go.
+  grid.setTextMatrix(9, 1, "999.000000");
+  grid.setRowHeight(5, 0);
+  std::vector<std::string> lines = {kChannel, "8,155.000000,Two", "9,156.000000,Three"};
+  EXPECT_EQ(loadPageLines(grid, lines), 3);
+  EXPECT_EQ(grid.rows(), 11);
+  EXPECT_EQ(grid.textMatrix(1, 1), "154.785000");
+  EXPECT_EQ(grid.textMatrix(3, 2), "Three");
+  EXPECT_EQ(grid.textMatrix(9, 1), "");
+  EXPECT_FALSE(grid.rowHidden(5));
+  EXPECT_EQ(grid.textMatrix(10, 0), "10");
+
+  std::vector<std::string> many;
+  for (int i = 1; i <= 25; ++i) many.push_back(std::to_string(i) + ",1" + std::to_string(i) + ".5");
+  loadPageLines(grid, many);
+  EXPECT_EQ(grid.rows(), 26);
+  EXPECT_EQ(grid.textMatrix(25, 0), "25");
+  EXPECT_EQ(grid.textMatrix(25, 1), "125.5");
+  loadPageLines(grid, {});
+  EXPECT_EQ(grid.rows(), 11);
+  EXPECT_EQ(grid.textMatrix(1, 1), "");
+}
+
+TEST(PageLines, SavingNumbersTheStoredRowsFromOne) {
+  GridPage grid = talkgroupGrid();
+  grid.setTextMatrix(2, 1, "100");
+  grid.setTextMatrix(2, 2, "First");
+  grid.setTextMatrix(3, 2, "No key");
+  grid.setTextMatrix(5, 1, "200");
+  grid.setRowHeight(5, 0);  // hidden rows are still data
+  auto lines = savePageLines(grid);
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(lines[0], "1,100,First,,,,,,,,,,,,");
+  EXPECT_EQ(lines[1], "2,200,,,,,,,,,,,,,");
+}
+
+TEST(PageLines, ADepartmentGoesInAndComesOutTheSame) {
+  std::vector<std::string> lines;
+  for (int i = 1; i <= 40; ++i) {
+    lines.push_back(std::to_string(i) + "," + std::to_string(150 + i) + ".000000,Ch " +
+                    std::to_string(i) + ",Off,FM,DCS,023,Other,Off,2,0,Off,Auto,Blue,On,5,Off");
+  }
+  GridPage grid = channelGrid();
+  loadPageLines(grid, lines);
+  EXPECT_EQ(savePageLines(grid), lines);
+}
+
+}  // namespace
+}  // namespace zel
