@@ -1,0 +1,38 @@
+// What the card subcommands share: the "card" noun, and finding the card before any step.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "cli/command_registry.h"
+#include "transfer/card_detect.h"
+
+namespace zel::cli {
+
+CLI::App* cardNoun(CLI::App& app);
+
+// Runs the detection over the platform's roots and `extraRoots` (stored settings, report
+// in the data folder).
+transfer::CardState detectCard(Context& context, const std::vector<std::string>& extraRoots,
+                               transfer::CardDetector& detector);
+// The same, ending the command with "Error: Scanner not detected." when no card is found.
+transfer::CardState requireCard(Context& context, const std::vector<std::string>& extraRoots,
+                                transfer::CardDetector& detector);
+
+inline std::string jsonEscape(const std::string& s) {
+  std::string out;
+  for (char c : s) {
+    if (c == '"' || c == '\\') {
+      out += '\\';
+      out += c;
+    } else if (static_cast<unsigned char>(c) < 0x20) {
+      out += ' ';
+    } else {
+      out += c;
+    }
+  }
+  return out;
+}
+
+}  // namespace zel::cli
