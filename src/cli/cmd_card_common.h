@@ -7,6 +7,7 @@
 
 #include "cli/command_registry.h"
 #include "transfer/card_detect.h"
+#include "transfer/favorites_card.h"
 
 namespace zel::cli {
 
@@ -19,6 +20,9 @@ transfer::CardState detectCard(Context& context, const std::vector<std::string>&
 // The same, ending the command with "Error: Scanner not detected." when no card is found.
 transfer::CardState requireCard(Context& context, const std::vector<std::string>& extraRoots,
                                 transfer::CardDetector& detector);
+
+// Finds the card (or ends the command) and reads its configuration.
+transfer::FavoritesCard openCard(Context& context, const std::vector<std::string>& roots);
 
 inline std::string jsonEscape(const std::string& s) {
   std::string out;

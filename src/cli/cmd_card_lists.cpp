@@ -1,0 +1,167 @@
+// zel card list | delete | order | orphans | qkeys: the favorites lists of the card.
+#include <csignal>
+#include <iostream>
+#include <memory>
+
+#include "cli/cmd_card_common.h"
+#include "formats/text_file.h"
+#include "transfer/favorites_card.h"
+
+namespace zel::cli {
+
+namespace {
+
+struct CardArgs {
+  std::vector<std::string> roots;
+  bool json = false;
+};
+
+std::shared_ptr<CardArgs> addCardArgs(CLI::App* cmd) {
+  auto args = std::make_shared<CardArgs>();
+  cmd->add_option("--root", args->roots, "A folder to look in for a card (repeatable)");
+  return args;
+}
+
+void fail(const transfer::StepStatus& st) {
+  if (!st.ok) throw UserError{st.message};
+}
+
+void printRows(const transfer::FavoritesCard& card, bool json) {
+  const auto& rows = card.rows();
+  if (json) {
+    std::cout << "[";
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      const auto& r = rows[i];
+      std::cout << (i ? "," : "") << "{\"number\":" << transfer::listFileNumber(r.file)
+                << ",\"name\":\"" << jsonEscape(r.name) << "\",\"file\":\"" << jsonEscape(r.file)
+                << "\",\"tag\":\"" << jsonEscape(r.tag) << "\",\"monitor\":\"" << r.monitor
+                << "\",\"locationControl\":\"" << r.locationControl << "\",\"quickKey\":\""
+                << jsonEscape(r.quickKey) << "\",\"numberTag\":\"" << jsonEscape(r.numberTag)
+                << "\",\"startupKeys\":\"" << r.startupKeys << "\",\"systemKeys\":\""
+                << r.systemKeys << "\"}";
+    }
+    std::cout << "]\n";
+    return;
+  }
+  for (const auto& r : rows) {
+    const int n = transfer::listFileNumber(r.file);
+    const bool present = zel::formats::fileExists(card.paths().path(r.file));
+    std::cout << (n >= 0 ? std::to_string(n) : std::string("?")) << "\t" << r.file << "\t" << r.name
+              << "\tMonitor " << r.monitor << "\tQK " << r.quickKeyText()
+              << (present ? "" : "\t(file missing)") << "\n";
+  }
+}
+
+}  // namespace
+
+// Finds the card and reads its configuration: the start of every list command.
+transfer::FavoritesCard openCard(Context& context, const std::vector<std::string>& roots) {
+  // A write that hits the file size limit must fail and roll back, not end the process.
+  std::signal(SIGXFSZ, SIG_IGN);
+  transfer::CardDetector detector;
+  auto state = requireCard(context, roots, detector);
+  transfer::FavoritesCard card(state);
+  fail(card.load());
+  return card;
+}
+
+}  // namespace zel::cli
+
+using zel::cli::addCardArgs;
+using zel::cli::cardNoun;
+using zel::cli::openCard;
+using zel::cli::UserError;
+
+ZEL_COMMAND(41) {
+  auto* cmd =
+      cardNoun(app)->add_subcommand("list", "List the favorites lists in the scanner's order");
+  auto args = addCardArgs(cmd);
+  cmd->add_flag("--json", args->json, "Print the lists as JSON");
+  cmd->callback([args, &context] {
+    auto card = openCard(context, args->roots);
+    zel::cli::printRows(card, args->json);
+  });
+}
+
+ZEL_COMMAND(44) {
+  auto* cmd =
+      cardNoun(app)->add_subcommand("delete", "Delete a favorites list (its file is kept as .bac)");
+  auto args = addCardArgs(cmd);
+  auto number = std::make_shared<int>(0);
+  auto yes = std::make_shared<bool>(false);
+  cmd->add_option("N", *number, "Number of the list, as in f_00000N.hpd")->required();
+  cmd->add_flag("--yes", *yes, "Confirm that the list's data may be lost");
+  cmd->callback([args, number, yes, &context] {
+    if (!*yes) {
+      throw UserError{
+          "Warning, all data in existing Favorite List will be lost, Continue? Add --yes to "
+          "confirm."};
+    }
+    auto card = openCard(context, args->roots);
+    zel::cli::fail(card.deleteList(*number));
+    std::cout << "Favorites list " << *number << " deleted.\n";
+  });
+}
+
+ZEL_COMMAND(45) {
+  auto* cmd = cardNoun(app)->add_subcommand(
+      "order", "Put the named lists first, in this order, and write the configuration");
+  auto args = addCardArgs(cmd);
+  auto numbers = std::make_shared<std::vector<int>>();
+  cmd->add_option("N", *numbers, "List numbers in the new order")->required();
+  cmd->callback([args, numbers, &context] {
+    auto card = openCard(context, args->roots);
+    zel::cli::fail(card.reorder(*numbers));
+    zel::cli::printRows(card, false);
+  });
+}
+
+ZEL_COMMAND(46) {
+  auto* cmd = cardNoun(app)->add_subcommand(
+      "orphans", "List files that no entry of the configuration names; recover or delete them");
+  auto args = addCardArgs(cmd);
+  auto recover = std::make_shared<std::vector<std::string>>();
+  auto remove = std::make_shared<std::vector<std::string>>();
+  auto yes = std::make_shared<bool>(false);
+  cmd->add_option("--recover", *recover, "Add an orphan as a list at the next free number");
+  cmd->add_option("--delete", *remove, "Delete an orphan file");
+  cmd->add_flag("--yes", *yes, "Confirm the deletion");
+  cmd->callback([args, recover, remove, yes, &context] {
+    auto card = openCard(context, args->roots);
+    if (!remove->empty() && !*yes) {
+      throw UserError{"Are you sure you want to delete the selected files? Add --yes to confirm."};
+    }
+    for (const auto& f : *recover) {
+      auto out = card.recoverOrphan(f);
+      zel::cli::fail(out.status);
+      std::cout << f << " recovered as " << out.file << "\n";
+    }
+    for (const auto& f : *remove) {
+      zel::cli::fail(card.deleteOrphan(f));
+      std::cout << f << " deleted.\n";
+    }
+    if (recover->empty() && remove->empty()) {
+      for (const auto& f : card.orphans()) std::cout << "Orphan " << f << "\n";
+    }
+  });
+}
+
+ZEL_COMMAND(47) {
+  auto* cmd = cardNoun(app)->add_subcommand("qkeys", "Set the quick keys of every list");
+  auto args = addCardArgs(cmd);
+  auto what = std::make_shared<std::string>();
+  cmd->add_option("WHAT", *what,
+                  "auto: Auto Assign Qkey; clear: Clear FL Qkey; on: All Sys Qkey On; all: All On")
+      ->required()
+      ->check(CLI::IsMember({"auto", "clear", "on", "all"}));
+  cmd->callback([args, what, &context] {
+    using zel::transfer::QuickKeyCommand;
+    auto card = openCard(context, args->roots);
+    QuickKeyCommand c = QuickKeyCommand::Auto;
+    if (*what == "clear") c = QuickKeyCommand::Clear;
+    if (*what == "on") c = QuickKeyCommand::SystemsOn;
+    if (*what == "all") c = QuickKeyCommand::AllOn;
+    zel::cli::fail(card.quickKeys(c));
+    zel::cli::printRows(card, false);
+  });
+}

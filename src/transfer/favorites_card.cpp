@@ -1,0 +1,275 @@
+#include "transfer/favorites_card.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <system_error>
+
+#include "core/text.h"
+#include "formats/text_file.h"
+
+namespace zel::transfer {
+
+namespace fs = std::filesystem;
+
+std::string CardPaths::listFileName(int number) const {
+  const std::string stem = family == CardFamily::HomePatrol ? "favorites_000" : "f_000";
+  return stem + padNumber(number, 3) + ".hpd";
+}
+
+CardPaths cardPaths(const std::string& scannerRoot, CardFamily family) {
+  CardPaths p;
+  p.family = family;
+  p.folder = (fs::path(scannerRoot) / "favorites_lists").string();
+  if (family == CardFamily::HomePatrol) {
+    p.config = p.folder + "/favorites_lists.config";
+    p.backup = p.folder + "/favorites_lists.backup";
+  } else {
+    p.config = p.folder + "/f_list.cfg";
+    p.backup = p.folder + "/f_list.bac";
+  }
+  return p;
+}
+
+std::string backupNameOf(std::string_view file) {
+  std::string name(file);
+  auto dot = name.rfind('.');
+  if (dot != std::string::npos) name.resize(dot);
+  return name + ".bac";
+}
+
+FavoritesCard::FavoritesCard(const CardState& card, CardFamily family)
+    : card_(card),
+      paths_(cardPaths(card.scannerRoot, family)),
+      tag_(favoritesTag(card.isUbcdFolder, card.is3600)) {}
+
+StepStatus FavoritesCard::load() {
+  rows_.clear();
+  removeStaleTemporaries(paths_.folder);
+  if (!formats::fileExists(paths_.config)) return {};
+  auto text = formats::readWholeFile(paths_.config);
+  if (!text) return {false, "Cannot read " + fs::path(paths_.config).filename().string() + "."};
+  rows_ = parseFavoritesConfig(*text);
+  return {};
+}
+
+int FavoritesCard::lowestFreeNumber() const {
+  std::set<std::string> keys;
+  for (const auto& r : rows_) keys.insert(r.key);
+  int n = 1;
+  while (keys.count(rowKey(n))) ++n;
+  return n;
+}
+
+int FavoritesCard::rowOfNumber(int number) const {
+  const std::string key = rowKey(number);
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (rows_[i].key == key) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+StepStatus FavoritesCard::writeConfigIn(CardTransaction& tx,
+                                        const std::vector<FavoritesRow>& rows) {
+  // The backup is refreshed from the configuration on the card before it is replaced.
+  if (formats::fileExists(paths_.config)) {
+    auto st = tx.copy(paths_.config, paths_.backup);
+    if (!st.ok) return st;
+  }
+  return tx.write(paths_.config, formatFavoritesConfig(rows, tag_));
+}
+
+StepStatus FavoritesCard::writeConfig() {
+  CardTransaction tx;
+  auto st = writeConfigIn(tx, rows_);
+  if (!st.ok) {
+    tx.rollback();
+    return st;
+  }
+  tx.commit();
+  return {};
+}
+
+SaveOutcome FavoritesCard::saveList(std::string_view hpdText, std::string name,
+                                    std::optional<int> overwrite, bool copyInName) {
+  SaveOutcome out;
+  if (copyInName && !startsWith(name, "[F")) name = "[F" + name + "]";
+  auto rows = rows_;
+  int row = -1;
+  if (overwrite) {
+    row = rowOfNumber(*overwrite);
+    if (row < 0) {
+      out.status = {false, "There is no favorites list " + std::to_string(*overwrite) + "."};
+      return out;
+    }
+    out.number = *overwrite;
+    out.file = rows[row].file;
+    if (!name.empty()) rows[row].name = name;
+  } else {
+    out.number = lowestFreeNumber();
+    if (out.number > 999) {
+      out.status = {false, "The card holds no free favorites list number."};
+      return out;
+    }
+    out.file = paths_.listFileName(out.number);
+    FavoritesRow r;
+    r.key = rowKey(out.number);
+    r.tag = "F-List";
+    r.name = name;
+    r.file = out.file;
+    rows.push_back(r);
+    row = static_cast<int>(rows.size()) - 1;
+  }
+  rows[row].startupKeys = "1111111111";
+  rows[row].systemKeys = std::string(100, '1');
+  rows[row].state = "saved";
+
+  CardTransaction tx;
+  const std::string listPath = paths_.path(out.file);
+  if (formats::fileExists(listPath)) {
+    out.status = tx.copy(listPath, paths_.path(backupNameOf(out.file)));
+  }
+  // The list is complete on the card before the configuration names it.
+  if (out.status.ok) out.status = tx.write(listPath, hpdText);
+  if (out.status.ok) out.status = writeConfigIn(tx, rows);
+  if (!out.status.ok) {
+    tx.rollback();
+    return out;
+  }
+  tx.commit();
+  rows_ = std::move(rows);
+  return out;
+}
+
+StepStatus FavoritesCard::deleteList(int number) {
+  const int row = rowOfNumber(number);
+  if (row < 0) return {false, "There is no favorites list " + std::to_string(number) + "."};
+  auto rows = rows_;
+  const std::string file = rows[row].file;
+  rows.erase(rows.begin() + row);
+  CardTransaction tx;
+  StepStatus st;
+  const std::string listPath = paths_.path(file);
+  const bool hasFile = !file.empty() && formats::fileExists(listPath);
+  if (hasFile) st = tx.copy(listPath, paths_.path(backupNameOf(file)));
+  if (st.ok) st = writeConfigIn(tx, rows);
+  if (st.ok && hasFile) st = tx.remove(listPath);
+  if (!st.ok) {
+    tx.rollback();
+    return st;
+  }
+  tx.commit();
+  rows_ = std::move(rows);
+  return {};
+}
+
+StepStatus FavoritesCard::reorder(const std::vector<int>& numbers) {
+  std::vector<FavoritesRow> rows;
+  std::vector<bool> taken(rows_.size(), false);
+  for (int n : numbers) {
+    const int row = rowOfNumber(n);
+    if (row < 0) return {false, "There is no favorites list " + std::to_string(n) + "."};
+    if (taken[row]) return {false, "List " + std::to_string(n) + " is named twice."};
+    taken[row] = true;
+    rows.push_back(rows_[row]);
+  }
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (!taken[i]) rows.push_back(rows_[i]);
+  }
+  CardTransaction tx;
+  auto st = writeConfigIn(tx, rows);
+  if (!st.ok) {
+    tx.rollback();
+    return st;
+  }
+  tx.commit();
+  rows_ = std::move(rows);
+  return {};
+}
+
+StepStatus FavoritesCard::quickKeys(QuickKeyCommand command) {
+  auto rows = rows_;
+  switch (command) {
+    case QuickKeyCommand::Clear:
+      for (auto& r : rows) r.quickKey = "Off";
+      break;
+    case QuickKeyCommand::Auto: {
+      std::set<int> used;
+      for (const auto& r : rows) {
+        if (normaliseQuickKey(r.quickKey) != "Off")
+          used.insert(std::stoi(normaliseQuickKey(r.quickKey)));
+      }
+      int next = 0;
+      for (auto& r : rows) {
+        if (normaliseQuickKey(r.quickKey) != "Off") continue;
+        while (used.count(next)) ++next;
+        if (next > 98) break;  // no key left: the rest stay "Off"
+        r.quickKey = std::to_string(next);
+        used.insert(next);
+      }
+      break;
+    }
+    case QuickKeyCommand::SystemsOn:
+      for (auto& r : rows) r.systemKeys = std::string(100, '1');
+      break;
+    case QuickKeyCommand::AllOn:
+      for (auto& r : rows) {
+        r.startupKeys = std::string(10, '1');
+        r.systemKeys = std::string(100, '1');
+      }
+      break;
+  }
+  CardTransaction tx;
+  auto st = writeConfigIn(tx, rows);
+  if (!st.ok) {
+    tx.rollback();
+    return st;
+  }
+  tx.commit();
+  rows_ = std::move(rows);
+  return {};
+}
+
+std::vector<std::string> FavoritesCard::orphans() const {
+  std::set<std::string> named;
+  for (const auto& r : rows_) named.insert(r.file);
+  std::vector<std::string> out;
+  std::error_code ec;
+  for (fs::directory_iterator it(paths_.folder, ec), end; !ec && it != end; it.increment(ec)) {
+    const std::string name = it->path().filename().string();
+    if (!endsWith(toLower(name), ".hpd")) continue;
+    if (!startsWith(name, "favorites_") && !startsWith(name, "f_")) continue;
+    if (!named.count(name)) out.push_back(name);
+  }
+  std::sort(out.begin(), out.end());
+  return out;
+}
+
+SaveOutcome FavoritesCard::recoverOrphan(const std::string& file) {
+  SaveOutcome out;
+  auto bytes = formats::readWholeFile(paths_.path(file));
+  if (!bytes) {
+    out.status = {false, "Cannot read " + file + " on the card."};
+    return out;
+  }
+  // The orphan keeps its own file until the copy at the free number is complete.
+  return saveList(*bytes, "Orphan " + file, std::nullopt, false);
+}
+
+StepStatus FavoritesCard::deleteOrphan(const std::string& file) {
+  for (const auto& o : orphans()) {
+    if (o == file) {
+      CardTransaction tx;
+      auto st = tx.remove(paths_.path(file));
+      if (!st.ok) {
+        tx.rollback();
+        return st;
+      }
+      tx.commit();
+      return {};
+    }
+  }
+  return {false, file + " is not an orphan list."};
+}
+
+}  // namespace zel::transfer
