@@ -9,11 +9,11 @@
 namespace zel::cell {
 
 struct NumberLimits {
-  double max = 0;            // above it the value becomes max
-  double min = 0;            // below it the value becomes lowValue
+  double max = 0;  // above it the value becomes max
+  double min = 0;  // below it the value becomes lowValue
   double lowValue = 0;
-  bool emptyStays = false;   // an empty text stays empty instead of reading 0
-  bool whole = false;        // only the whole part is kept
+  bool emptyStays = false;  // an empty text stays empty instead of reading 0
+  bool whole = false;       // only the whole part is kept
 };
 
 std::string plainNumber(double value);
