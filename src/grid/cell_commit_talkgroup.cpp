@@ -25,8 +25,8 @@ std::optional<std::string> toAfs(std::string_view talkgroup) {
 std::optional<std::string> toDecimal(std::string_view talkgroup) {
   std::string t = trim(talkgroup);
   if (t.find('-') == std::string::npos) return std::nullopt;
-  // A short AFS text was typed without its trailing zeros: "5-1" means "5-1000"... as the
-  // scanner pads it, to six characters.
+  // A short AFS text was typed without its trailing digits: it is padded on the right to
+  // six characters, so "15-15" reads agency 15, fleet 15, subfleet 0.
   if (t.size() >= 3 && t.size() <= 5) t.append(6 - t.size(), '0');
   auto digitsAt = [&](std::size_t start1, std::size_t length) {
     return leadingNumber(mid(t, start1, length));
