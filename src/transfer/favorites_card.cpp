@@ -124,6 +124,9 @@ SaveOutcome FavoritesCard::saveList(std::string_view hpdText, std::string name,
   rows[row].systemKeys = std::string(100, '1');
   rows[row].state = "saved";
 
+  // A fresh card may lack the folder; a failed save takes it away again.
+  std::error_code ec;
+  const bool madeFolder = fs::create_directories(paths_.folder, ec);
   CardTransaction tx;
   const std::string listPath = paths_.path(out.file);
   if (formats::fileExists(listPath)) {
@@ -134,6 +137,7 @@ SaveOutcome FavoritesCard::saveList(std::string_view hpdText, std::string name,
   if (out.status.ok) out.status = writeConfigIn(tx, rows);
   if (!out.status.ok) {
     tx.rollback();
+    if (madeFolder) fs::remove(paths_.folder, ec);
     return out;
   }
   tx.commit();
