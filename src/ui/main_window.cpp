@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTableView>
 #include <QTableWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -18,6 +19,8 @@
 #include "core/record_line.h"
 #include "core/text.h"
 #include "core/tree_operations.h"
+#include "grid/row_record.h"
+#include "ui/grid_page_model.h"
 #include "ui/qt_feedback.h"
 
 namespace zel::ui {
@@ -78,10 +81,21 @@ void MainWindow::buildCentre() {
   fields_->verticalHeader()->setVisible(false);
   connect(fields_, &QTableWidget::cellChanged, this, &MainWindow::onFieldEdited);
   layout->addWidget(fields_, 1);
-  rows_ = new QTableWidget(0, 0, right);
+  rows_ = new QTableView(right);
   rows_->setObjectName("convgrid");
-  rows_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  model_ = new GridPageModel(this);
+  rows_->setModel(model_);
+  rows_->setItemDelegate(new GridPageDelegate(rows_));
+  rows_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                         QAbstractItemView::AnyKeyPressed);
+  rows_->hide();
   layout->addWidget(rows_, 2);
+  GridSetup setup;
+  setup.family = session_.document().family;
+  setup.settings = &session_.settingsCodec().store();
+  setup.widths = &widths_;
+  setup_grid(&convgrid_, setup);
+  setup_tgrid(&trunkgrid_, setup);
   list5_ = new QListWidget(right);
   list5_->setObjectName("List5");
   list5_->setMaximumHeight(60);
@@ -249,16 +263,8 @@ void MainWindow::storePane(std::string_view, std::string_view) {
 }
 
 void MainWindow::storeGrid(std::string_view departmentKey) {
-  std::vector<std::string> lines;
-  for (int r = 0; r < rows_->rowCount(); ++r) {
-    std::vector<std::string> fields{std::to_string(r + 1)};
-    for (int c = 0; c < rows_->columnCount(); ++c) {
-      auto* item = rows_->item(r, c);
-      fields.push_back(item ? toLatin1(item->text()) : std::string());
-    }
-    if (fields.size() > 1 && !fields[1].empty()) lines.push_back(join(fields, ','));
-  }
-  session_.pages().save(departmentKey, lines);
+  if (!shownPage_) return;
+  session_.pages().save(departmentKey, savePageLines(*shownPage_));
 }
 
 void MainWindow::showPane(std::string_view key, std::string_view kind) {
@@ -276,27 +282,27 @@ void MainWindow::showPane(std::string_view key, std::string_view kind) {
     if (n == 0) value->setFlags(value->flags() & ~Qt::ItemIsEditable);
     fields_->setItem(n, 1, value);
   }
-  rows_->setRowCount(0);
-  rows_->setColumnCount(0);
+  shownPage_ = nullptr;
+  model_->setPage(nullptr, {});
+  rows_->hide();
   filling_ = false;
 }
 
 void MainWindow::loadGrid(std::string_view departmentKey) {
-  const auto lines = session_.pages().load(departmentKey);
-  int cols = 0;
-  std::vector<std::vector<std::string>> table;
-  for (const auto& l : lines) {
-    table.push_back(split(splitPageLine(l).fields, ','));
-    cols = std::max(cols, static_cast<int>(table.back().size()));
+  const std::string line = treemod::getText(session_.document().data, departmentKey);
+  const bool trunked = record::field(line, 1) == "T-Group" || record::field(line, 0) == "TIN";
+  shownPage_ = trunked ? &trunkgrid_ : &convgrid_;
+  rows_->setObjectName(trunked ? "trunkgrid" : "convgrid");
+  loadPageLines(*shownPage_, session_.pages().load(departmentKey));
+  cell::CommitEnv env;
+  env.feedback = &feedback_;
+  env.changed = &session_.document().changed;
+  model_->setPage(shownPage_, env);
+  for (int c = 1; c < shownPage_->cols(); ++c) {
+    rows_->setColumnWidth(c - 1, std::max(40, shownPage_->colWidth(c) / 15));
+    rows_->setColumnHidden(c - 1, shownPage_->colWidth(c) == 0);
   }
-  rows_->setColumnCount(cols);
-  rows_->setRowCount(static_cast<int>(table.size()));
-  for (int r = 0; r < static_cast<int>(table.size()); ++r) {
-    for (int c = 0; c < static_cast<int>(table[r].size()); ++c) {
-      rows_->setItem(r, c, new QTableWidgetItem(fromLatin1(table[r][c])));
-    }
-  }
-  rows_->resizeColumnsToContents();
+  rows_->show();
 }
 
 void MainWindow::onFieldEdited(int row, int column) {

@@ -8,10 +8,13 @@
 #include <map>
 
 #include "core/session.h"
+#include "grid/grid_page.h"
+#include "grid/grid_setup.h"
 
 class QLabel;
 class QListWidget;
 class QTableWidget;
+class QTableView;
 class QTreeWidget;
 class QTreeWidgetItem;
 class QSplitter;
@@ -37,7 +40,11 @@ class MainWindow : public QMainWindow, public SelectionHost {
 
   QTreeWidget* tree() const { return tree_; }
   QTableWidget* recordPane() const { return fields_; }
-  QTableWidget* rowsPane() const { return rows_; }
+  QTableView* rowsPane() const { return rows_; }
+  GridPage& channelPage() { return convgrid_; }
+  GridPage& talkgroupPage() { return trunkgrid_; }
+  // The grid of the department on show (null when none is).
+  GridPage* shownPage() const { return shownPage_; }
   QLabel* progressLabel() const { return lblSys_; }
   Session& session() { return session_; }
 
@@ -68,7 +75,12 @@ class MainWindow : public QMainWindow, public SelectionHost {
   Feedback& feedback_;
   QTreeWidget* tree_ = nullptr;
   QTableWidget* fields_ = nullptr;
-  QTableWidget* rows_ = nullptr;
+  QTableView* rows_ = nullptr;
+  class GridPageModel* model_ = nullptr;
+  GridPage convgrid_;
+  GridPage trunkgrid_;
+  GridPage* shownPage_ = nullptr;
+  ColumnWidthTable widths_;
   QLabel* paneTitle_ = nullptr;
   QLabel* lblSys_ = nullptr;
   QLabel* unsaved_ = nullptr;

@@ -2,6 +2,7 @@
 // tree with the system's messages, a click shows the node's record, and edits of the pane
 // reach the record line.
 #include <QAction>
+#include <QTableView>
 #include <QTableWidget>
 #include <QTest>
 #include <QTreeWidget>
@@ -86,6 +87,28 @@ class MainWindowTest : public QObject {
              QString("County; Fire"));
     QVERIFY(f.window->tree()->topLevelItem(0)->text(0).endsWith("County; Fire"));
     QVERIFY(f.window->windowTitle().contains("Unsaved HPD systems"));
+  }
+
+  void typedFrequencyIsStoredInItsFormAndSurvivesASwitch() {
+    Fixture f;
+    f.window->runCommand("New Conventional System");
+    QVERIFY(f.window->selectKey("GRP-999-001-001"));
+    QAbstractItemModel* model = f.window->rowsPane()->model();
+    QCOMPARE(model->headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(), QString("Frequency"));
+    QVERIFY(model->setData(model->index(0, 0), "154.28", Qt::EditRole));
+    QCOMPARE(model->index(0, 0).data().toString(), QString("154.280000"));
+    QVERIFY(model->setData(model->index(0, 1), "Fire, Main", Qt::EditRole));
+    // A closed column takes only its own words.
+    QVERIFY(!model->setData(model->index(0, 2), "Maybe", Qt::EditRole));
+    QVERIFY(model->setData(model->index(0, 2), "On", Qt::EditRole));
+    // Switching department writes the page file; coming back reads it.
+    f.window->runCommand("New Department");
+    QCOMPARE(f.session.pages().load("GRP-999-001-001").size(), size_t(1));
+    QVERIFY(f.window->selectKey("GRP-999-001-001"));
+    model = f.window->rowsPane()->model();
+    QCOMPARE(model->index(0, 0).data().toString(), QString("154.280000"));
+    QCOMPARE(model->index(0, 2).data().toString(), QString("On"));
+    QVERIFY(!model->index(0, 1).data().toString().contains(','));
   }
 
   void closeAsksWhenChanged() {
