@@ -1,74 +1,65 @@
-// Grid pages at the size of the largest departments: growing row by row, filling a page
-// from its lines and writing it back, and the lookups every cell operation makes.
+// Speed of the grid engine: the sorted duplicate search over a whole large document, the
+// pairwise search of one big system, and one frequency through the cell commit.
 #include <benchmark/benchmark.h>
 
+#include <cstdio>
+#include <random>
 #include <string>
 #include <vector>
 
-#include "grid/grid_routines.h"
-#include "grid/grid_setup.h"
-#include "grid/row_record.h"
-#include "grid/vocabulary.h"
+#include "grid/cell_commit.h"
+#include "grid/duplicates.h"
 
 namespace {
 
-constexpr int kRows = 100000;
-
-std::vector<std::string> pageLines(int count) {
-  std::vector<std::string> lines;
-  lines.reserve(count);
-  for (int i = 1; i <= count; ++i) {
-    lines.push_back(std::to_string(i) + "," + std::to_string(150 + i % 700) + ".125000,Channel " +
-                    std::to_string(i) +
-                    ",Off,NFM,CTCSS,123.0,Fire Dispatch,Off,2,0,Off,Auto,Off,On,,Off");
+// Rows spread over systems and departments, frequencies anywhere from 25 to 1300 MHz on a
+// 100 Hz raster, so that some of them collide as in a real large document.
+std::vector<zel::dups::KeyedRow> makeRows(int count, int systems) {
+  std::mt19937 random(536);
+  std::uniform_int_distribution<int> channel(0, 12750000);
+  std::vector<zel::dups::KeyedRow> rows;
+  rows.reserve(count);
+  char key[32];
+  char line[96];
+  for (int i = 0; i < count; ++i) {
+    int sys = 1 + i % systems;
+    int dept = (i / systems) % 399;
+    int row = 1 + (i / systems / 399) % 9999;
+    std::snprintf(key, sizeof key, "FRQ-%03d-%03d-%04d", sys, dept, row);
+    double mhz = 25.0 + channel(random) * 0.0001;
+    std::snprintf(line, sizeof line, "%d,%.6f,Channel %d,Off,NFM,CTCSS,123.0,Law", row, mhz, i);
+    rows.push_back({key, line});
   }
-  return lines;
+  return rows;
 }
 
-zel::GridPage channelGrid() {
-  zel::GridPage grid;
-  zel::setup_grid(&grid, zel::GridSetup{});
-  return grid;
-}
-
-void BM_MoveDownPast100000Rows(benchmark::State& state) {
+void BM_SortedSearchMillionRows(benchmark::State& state) {
+  auto rows = makeRows(1000000, 999);
   for (auto _ : state) {
-    zel::GridPage grid = channelGrid();
-    grid.setRow(1);
-    for (int i = 0; i < kRows; ++i) zel::incr_celld(&grid);
-    benchmark::DoNotOptimize(grid.rows());
+    auto found = zel::dups::sortedSearch(rows, "FRQ-");
+    benchmark::DoNotOptimize(found);
   }
 }
-BENCHMARK(BM_MoveDownPast100000Rows)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SortedSearchMillionRows)->Unit(benchmark::kMillisecond)->Iterations(3);
 
-void BM_LoadPage100000Lines(benchmark::State& state) {
-  auto lines = pageLines(kRows);
-  zel::GridPage grid = channelGrid();
+void BM_PairwiseSearchOneSystem(benchmark::State& state) {
+  auto rows = makeRows(10000, 1);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(zel::loadPageLines(grid, lines));
+    auto found = zel::dups::pairwiseSearch(rows, "FRQ-", 1);
+    benchmark::DoNotOptimize(found);
   }
 }
-BENCHMARK(BM_LoadPage100000Lines)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PairwiseSearchOneSystem)->Unit(benchmark::kMillisecond)->Iterations(3);
 
-void BM_SavePage100000Rows(benchmark::State& state) {
-  zel::GridPage grid = channelGrid();
-  zel::loadPageLines(grid, pageLines(kRows));
+void BM_CommitOneFrequency(benchmark::State& state) {
+  zel::cell::FrequencyRules rules;
+  const char* typed[] = {"154.16125", "155.123", "118.010", "600", "146.0031"};
+  std::size_t i = 0;
   for (auto _ : state) {
-    auto lines = zel::savePageLines(grid);
-    benchmark::DoNotOptimize(lines.size());
+    auto result = zel::cell::commitText("Frequency", typed[i++ % 5], rules);
+    benchmark::DoNotOptimize(result);
   }
 }
-BENCHMARK(BM_SavePage100000Rows)->Unit(benchmark::kMillisecond);
-
-void BM_ColumnByHeading(benchmark::State& state) {
-  zel::GridPage grid = channelGrid();
-  for (auto _ : state) benchmark::DoNotOptimize(zel::g_get_colnum(&grid, "priority"));
-}
-BENCHMARK(BM_ColumnByHeading);
-
-void BM_ListByKey(benchmark::State& state) {
-  for (auto _ : state) benchmark::DoNotOptimize(zel::vocab::tabel("Alert Pattern").size());
-}
-BENCHMARK(BM_ListByKey);
+BENCHMARK(BM_CommitOneFrequency);
 
 }  // namespace

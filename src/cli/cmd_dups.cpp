@@ -1,0 +1,98 @@
+// zel dups FILE [--system N | --all] [--talkgroups]: the Enhanced Find list of a favorites
+// file, one row a line: the "Data:" text ("ORG:" or "DUP:" and the value), the node key,
+// the alpha tag, the system and the department.
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include "cli/command_registry.h"
+#include "core/document.h"
+#include "core/keys.h"
+#include "core/memory_ports.h"
+#include "core/page_files.h"
+#include "core/record_line.h"
+#include "formats/hpd_reader.h"
+#include "grid/duplicates.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace zel;
+
+std::string jsonText(std::string_view text) {
+  std::string out = "\"";
+  for (char c : text) {
+    if (c == '"' || c == '\\') out.push_back('\\');
+    if (static_cast<unsigned char>(c) < 0x20) continue;
+    out.push_back(c);
+  }
+  return out + "\"";
+}
+
+}  // namespace
+
+ZEL_COMMAND(45) {
+  struct Args {
+    std::string file;
+    int system = 0;
+    bool all = false;
+    bool talkgroups = false;
+  };
+  auto args = std::make_shared<Args>();
+  auto* cmd = app.add_subcommand("dups", "List duplicate frequencies or talkgroups of a file");
+  cmd->add_option("FILE", args->file, "The .hpd file")->required();
+  auto* sys = cmd->add_option("--system", args->system,
+                              "Compare within system N (numbers compare as numbers)");
+  auto* all = cmd->add_flag("--all", args->all, "Compare across all systems (sorted search)");
+  sys->excludes(all);
+  cmd->add_flag("--talkgroups", args->talkgroups, "Talkgroups instead of frequencies");
+  cmd->add_flag("--json", context.json, "Print a JSON array");
+  cmd->callback([args, &context] {
+    std::string pattern = (fs::temp_directory_path() / "zel-dups-XXXXXX").string();
+    if (!mkdtemp(pattern.data())) throw cli::UserError{"Cannot make a temporary folder."};
+    struct Cleanup {
+      std::string path;
+      ~Cleanup() {
+        std::error_code ec;
+        fs::remove_all(path, ec);
+      }
+    } cleanup{pattern};
+    PageFiles pages(pattern);
+    Document doc;
+    RecordingFeedback quiet;
+    formats::HpdReadOptions options;
+    options.fileIndex = 1;
+    auto read = formats::readHpd(doc, pages, args->file, options, quiet);
+    if (!read.ok()) throw cli::UserError{read.message};
+
+    DocumentTree work;
+    std::string error;
+    if (!pages.rebuildKeyedRows(work, error, 10000000)) throw cli::UserError{error};
+    std::string prefix = args->talkgroups ? "TID-" : "FRQ-";
+    std::vector<dups::KeyedRow> rows = dups::rowsOf(work, prefix);
+    dups::NameLookup names{[&doc](int s) { return doc.systems.get(s, 1); },
+                           [&doc](int s, int d) {
+                             NodeId node = doc.data.find(keys::department(s, d));
+                             return node ? record::field(doc.data.text(node), 4) : std::string();
+                           }};
+    std::vector<dups::MatchRow> found =
+        args->system > 0 ? dups::pairwiseSearch(rows, prefix, args->system, names)
+                         : dups::sortedSearch(rows, prefix, names);
+    if (context.json) {
+      std::cout << "[";
+      for (std::size_t i = 0; i < found.size(); ++i) {
+        const auto& r = found[i];
+        std::cout << (i ? ",\n " : "") << "{\"data\":" << jsonText(r.data)
+                  << ",\"key\":" << jsonText(r.key) << ",\"alphaTag\":" << jsonText(r.alphaTag)
+                  << ",\"subtone\":" << jsonText(r.subtone) << ",\"system\":" << jsonText(r.system)
+                  << ",\"department\":" << jsonText(r.department) << "}";
+      }
+      std::cout << "]\n";
+      return;
+    }
+    for (const auto& r : found) {
+      std::cout << r.data << '\t' << r.key << '\t' << r.alphaTag << '\t' << r.system << '\t'
+                << r.department << '\n';
+    }
+  });
+}
