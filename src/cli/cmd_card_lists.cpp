@@ -6,6 +6,7 @@
 #include "cli/cmd_card_common.h"
 #include "formats/text_file.h"
 #include "transfer/favorites_card.h"
+#include "transfer/service_search.h"
 
 namespace zel::cli {
 
@@ -163,5 +164,33 @@ ZEL_COMMAND(47) {
     if (*what == "all") c = QuickKeyCommand::AllOn;
     zel::cli::fail(card.quickKeys(c));
     zel::cli::printRows(card, false);
+  });
+}
+
+ZEL_COMMAND(48) {
+  auto* cmd = cardNoun(app)->add_subcommand(
+      "service",
+      "Add a prepared Service Search list (cb, frs, gmrs, marine, railroad, ham2m, "
+      "ham70cm, air) at the next free number");
+  auto args = addCardArgs(cmd);
+  auto key = std::make_shared<std::string>();
+  auto save = std::make_shared<std::string>();
+  cmd->add_option("WHICH", *key, "The service")->required();
+  cmd->add_option("--save-to", *save, "Write the list to this folder instead of the card");
+  cmd->callback([args, key, save, &context] {
+    const auto* list = zel::transfer::findServiceSearch(*key);
+    if (!list) throw UserError{"There is no Service Search list " + *key + "."};
+    if (!save->empty()) {
+      const std::string path = *save + "/" + list->fileName;
+      if (!zel::formats::writeFileAtomically(path, list->text).ok) {
+        throw UserError{"Cannot write " + path + "."};
+      }
+      std::cout << path << ": " << list->channels << " channels\n";
+      return;
+    }
+    auto card = openCard(context, args->roots);
+    auto out = card.saveList(list->text, list->caption, std::nullopt, false);
+    zel::cli::fail(out.status);
+    std::cout << list->caption << " added as " << out.file << "\n";
   });
 }
