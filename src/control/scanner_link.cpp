@@ -155,6 +155,7 @@ void ScannerLink::onTimer1() {
   if (const PollEntry* entry = pollEntry(family_, waterfallPage, pollStep)) {
     writeDirect(entry->query);
     pollStep = entry->next;
+    ++pollsSent;
   }
   ++sendCounter;
   pump_.runPending();
@@ -175,6 +176,8 @@ void ScannerLink::setTitle(std::string text) {
 }
 
 void ScannerLink::replyAccepted() {
+  ++repliesAccepted;
+  ++repliesSinceReset;
   rxBuffer.clear();
   waitingReply = 0;
   timers_.disable(Timer2);
@@ -196,6 +199,7 @@ void ScannerLink::appendErrorLog() {
 
 void ScannerLink::onTimer2() {
   ++watchdogFirings;
+  repliesSinceReset = 0;
   if (family_ == Family::Sds) {
     setTitle("comm error");
     feedback_.beep();

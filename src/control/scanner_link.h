@@ -104,7 +104,12 @@ class ScannerLink {
   bool waterfallPage = false;  // SDS: the waterfall page is on show (reduced round)
   bool useGpsPort = false;     // SDS: "Use GPS port" slows the send tick to 200 ms
   std::string errorLogPath;    // SDS watchdog records are appended here
-  int watchdogFirings = 0;     // for the command line's report
+  // Counts for reports and tests: queries sent, replies taken, and replies taken since the
+  // watchdog last reset the port.
+  int pollsSent = 0;
+  int repliesAccepted = 0;
+  int repliesSinceReset = 0;
+  int watchdogFirings = 0;
   std::function<void()> onWatchdog;
 
   // The parser accepted a reply: clear the buffer, the wait flag and the watchdog.

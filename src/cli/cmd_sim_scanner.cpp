@@ -1,0 +1,87 @@
+// zel sim scanner: a simulated scanner on a pseudo-terminal. The first line on stdout is
+// the device path to open; the simulator answers there until it is stopped.
+#include <atomic>
+#include <csignal>
+#include <iostream>
+
+#include "cli/command_registry.h"
+#include "sim/scanner_sim_pty.h"
+
+namespace {
+
+// The "sim" noun is shared with the other simulators: whoever registers first makes it.
+CLI::App* simNoun(CLI::App& app) {
+  for (auto* sub : app.get_subcommands([](CLI::App* a) { return a->get_name() == "sim"; })) {
+    return sub;
+  }
+  auto* sim = app.add_subcommand("sim", "Simulators of the scanner, its card and the web service");
+  sim->require_subcommand(1);
+  return sim;
+}
+
+std::atomic<bool> stopRequested{false};
+extern "C" void onStopSignal(int) {
+  stopRequested.store(true);
+}
+
+struct SimScannerArgs {
+  std::string model = "BCD536HP";
+  unsigned seed = 1;
+  std::string list;
+  double activity = 0.15;
+  zel::sim::SimFaults faults;
+  bool verbose = false;
+};
+
+}  // namespace
+
+ZEL_COMMAND(61) {
+  (void)context;
+  auto args = std::make_shared<SimScannerArgs>();
+  auto* cmd = simNoun(app)->add_subcommand(
+      "scanner", "Run a simulated scanner on a pseudo-terminal; prints its device path first");
+  cmd->add_option("--model", args->model, "Scanner model to play")
+      ->check(CLI::IsMember(zel::sim::simScannerModels()))
+      ->capture_default_str();
+  cmd->add_option("--seed", args->seed, "Seed of the scripted scan (same seed, same scan)")
+      ->capture_default_str();
+  cmd->add_option("--list", args->list,
+                  "Favorites file (.hpd) to scan instead of the built-in list")
+      ->check(CLI::ExistingFile);
+  cmd->add_option("--activity", args->activity, "Share of channels that carry a transmission")
+      ->check(CLI::Range(0.0, 1.0))
+      ->capture_default_str();
+  cmd->add_option("--silent-after", args->faults.silentAfter,
+                  "Fault: stop answering this many seconds after the start");
+  cmd->add_option("--silent-for", args->faults.silentFor,
+                  "Fault: stay silent this many seconds (with --silent-after)")
+      ->check(CLI::NonNegativeNumber);
+  cmd->add_option("--garbage", args->faults.garbage, "Fault: share of replies sent as garbage")
+      ->check(CLI::Range(0.0, 1.0));
+  cmd->add_option("--cut", args->faults.cut, "Fault: share of replies cut in half")
+      ->check(CLI::Range(0.0, 1.0));
+  cmd->add_flag("--verbose", args->verbose, "Log every command and reply on stderr");
+  cmd->callback([args] {
+    zel::sim::ScannerSimOptions options;
+    options.model = args->model;
+    options.seed = args->seed;
+    options.activity = args->activity;
+    if (!args->list.empty()) {
+      zel::sim::ScanListRead read = zel::sim::readScanList(args->list);
+      if (!read.ok) throw zel::cli::UserError{read.message};
+      options.list = std::move(read.list);
+    }
+    zel::sim::PtyScanner scanner(options, args->faults);
+    std::string error;
+    if (!scanner.open(error)) throw zel::cli::UserError{error};
+    std::cout << scanner.devicePath() << std::endl;  // the first line: flushed at once
+    std::cerr << "Simulated " << args->model << " on " << scanner.devicePath() << ", scanning "
+              << options.list.channels.size() << " channels of \"" << options.list.name
+              << "\". Stop with Ctrl+C." << std::endl;
+    std::signal(SIGINT, onStopSignal);
+    std::signal(SIGTERM, onStopSignal);
+    scanner.run(stopRequested, args->verbose ? &std::cerr : nullptr);
+    std::cerr << "Simulated scanner stopped after " << scanner.commandsAnswered() << " replies."
+              << std::endl;
+  });
+}
