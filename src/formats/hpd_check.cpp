@@ -1,0 +1,157 @@
+#include "formats/hpd_check.h"
+
+#include <cstdio>
+
+#include "core/keys.h"
+#include "core/record_line.h"
+#include "formats/hpd_writer.h"
+
+namespace zel::formats {
+
+namespace {
+
+const char* levelText(HpdLevel level) {
+  switch (level) {
+    case HpdLevel::V1:
+      return "1";
+    case HpdLevel::V2:
+      return "2";
+    case HpdLevel::V3:
+      return "3";
+  }
+  return "";
+}
+
+struct CountRow {
+  const char* label;
+  const char* jsonKey;
+  int HpdCounts::*member;
+};
+
+constexpr CountRow kCountRows[] = {
+    {"Systems", "systems", &HpdCounts::systems},
+    {"Sites", "sites", &HpdCounts::sites},
+    {"Departments", "departments", &HpdCounts::departments},
+    {"Channels", "channels", &HpdCounts::channels},
+    {"Talkgroups", "talkgroups", &HpdCounts::talkgroups},
+    {"Site frequencies", "siteFrequencies", &HpdCounts::frequencies},
+    {"Unit IDs", "unitIds", &HpdCounts::unitIds},
+    {"Band plans", "bandPlans", &HpdCounts::bandPlans},
+    {"P25 band plans", "bandPlansP25", &HpdCounts::bandPlansP25},
+    {"Fleet maps", "fleetMaps", &HpdCounts::fleetMaps},
+};
+
+}  // namespace
+
+std::vector<HpdSystemInfo> systemsRead(const Document& doc, const HpdReadResult& read) {
+  std::vector<HpdSystemInfo> out;
+  for (int number : read.systems) {
+    const std::string& sin = doc.data.text(doc.data.find(keys::system(number)));
+    out.push_back({number, record::field(sin, 4), record::field(sin, 1)});
+  }
+  return out;
+}
+
+HpdCheck checkHpd(Document& doc, PageFiles& pages, const std::string& path, Feedback& feedback) {
+  HpdCheck check;
+  HpdReadOptions options;
+  options.fileIndex = 1;
+  check.read = readHpd(doc, pages, path, options, feedback);
+  if (!check.read.ok()) return check;
+  if (doc.data.empty()) return check;
+  HpdWriteOptions writeOptions;
+  writeOptions.fileIndex = 1;
+  writeOptions.audit = &check.audit;
+  HpdWriteResult ignored;
+  renderHpd(doc, pages, writeOptions, feedback, ignored);
+  return check;
+}
+
+std::string formatCheck(const HpdCheck& check) {
+  std::string out;
+  const HpdReadResult& read = check.read;
+  out += "Lines: " + std::to_string(read.counts.lines) + "\n";
+  out += "Skipped lines: " + std::to_string(read.skipped.size()) + "\n";
+  for (const SkippedLine& s : read.skipped) {
+    out += "  line " + std::to_string(s.lineNumber) + ": " + s.reason + ": " + s.text + "\n";
+  }
+  if (!read.notKept.empty()) {
+    out += "Lines of the format that a read does not keep:";
+    for (const auto& [word, count] : read.notKept) out += " " + word + " " + std::to_string(count);
+    out += "\n";
+  }
+  out += "Values a save moves to a default: " + std::to_string(check.audit.moved.size()) + "\n";
+  for (const WriteNote& n : check.audit.moved) {
+    out += "  " + n.where + ": " + n.field + " \"" + n.from + "\" -> \"" + n.to + "\"\n";
+  }
+  if (!check.audit.filled.empty()) {
+    out += "Empty values a save fills with a default:\n";
+    for (const auto& [field, values] : check.audit.filled) {
+      for (const auto& [value, count] : values) {
+        out += "  " + field + ": " + std::to_string(count) + " x \"" + value + "\"\n";
+      }
+    }
+  }
+  return out;
+}
+
+std::string formatInfo(const std::string& path, const HpdReadResult& read,
+                       const std::vector<HpdSystemInfo>& systems) {
+  std::string out = "File: " + path + "\n";
+  out += std::string("Level: ") + levelText(read.level) + "\n";
+  for (const CountRow& row : kCountRows) {
+    out += std::string(row.label) + ": " + std::to_string(read.counts.*row.member) + "\n";
+  }
+  for (const HpdSystemInfo& s : systems) {
+    char number[16];
+    std::snprintf(number, sizeof number, "%3d", s.number);
+    out += std::string("  ") + number + "  " + s.type + "  " + s.name + "\n";
+  }
+  return out;
+}
+
+std::string jsonString(std::string_view text) {
+  std::string out = "\"";
+  for (char c : text) {
+    const unsigned char b = static_cast<unsigned char>(c);
+    if (b == '"' || b == '\\') {
+      out.push_back('\\');
+      out.push_back(c);
+    } else if (b < 0x20) {
+      char buf[8];
+      std::snprintf(buf, sizeof buf, "\\u%04x", b);
+      out += buf;
+    } else if (b < 0x80) {
+      out.push_back(c);
+    } else {
+      out.push_back(static_cast<char>(0xC0 | (b >> 6)));
+      out.push_back(static_cast<char>(0x80 | (b & 0x3F)));
+    }
+  }
+  out.push_back('"');
+  return out;
+}
+
+std::string formatInfoJson(const std::string& path, const HpdReadResult& read,
+                           const std::vector<HpdSystemInfo>& systems) {
+  std::string out =
+      "{\"file\":" + jsonString(path) + ",\"level\":" + levelText(read.level) + ",\"counts\":{";
+  bool first = true;
+  for (const CountRow& row : kCountRows) {
+    if (!first) out += ",";
+    first = false;
+    out += "\"" + std::string(row.jsonKey) + "\":" + std::to_string(read.counts.*row.member);
+  }
+  out += "},\"systems\":[";
+  first = true;
+  for (const HpdSystemInfo& s : systems) {
+    if (!first) out += ",";
+    first = false;
+    out += "{\"number\":" + std::to_string(s.number) + ",\"name\":" + jsonString(s.name) +
+           ",\"type\":" + jsonString(s.type) + "}";
+  }
+  out += "]}\n";
+  return out;
+}
+
+}  // namespace zel::formats

@@ -1,0 +1,46 @@
+// What a user wants to know of a favorites file before trusting a save: what it holds, the
+// lines the reader passes over, and the values a save would move to a default.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/document.h"
+#include "core/page_files.h"
+#include "core/ports.h"
+#include "formats/hpd_line_builders.h"
+#include "formats/hpd_reader.h"
+
+namespace zel::formats {
+
+struct HpdSystemInfo {
+  int number = 0;
+  std::string name;
+  std::string type;  // the record's type label ("P25 Standard", "Conventional", ...)
+};
+
+// The systems a read added, in file order.
+std::vector<HpdSystemInfo> systemsRead(const Document& doc, const HpdReadResult& read);
+
+struct HpdCheck {
+  HpdReadResult read;
+  WriteAudit audit;
+};
+
+// Reads the file into `doc` (a fresh document is meant) and renders a save into memory with
+// an audit. Nothing is written but the page files of `pages`.
+HpdCheck checkHpd(Document& doc, PageFiles& pages, const std::string& path, Feedback& feedback);
+
+// The plain text report of a check.
+std::string formatCheck(const HpdCheck& check);
+
+// The counts and systems of a read as plain text lines and as a JSON object.
+std::string formatInfo(const std::string& path, const HpdReadResult& read,
+                       const std::vector<HpdSystemInfo>& systems);
+std::string formatInfoJson(const std::string& path, const HpdReadResult& read,
+                           const std::vector<HpdSystemInfo>& systems);
+
+// A JSON string literal of 8-bit text: bytes above 127 are taken as Latin-1.
+std::string jsonString(std::string_view text);
+
+}  // namespace zel::formats
