@@ -1,0 +1,346 @@
+#include "control/scanner_link.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "control/poll_order.h"
+#include "control/vc_timers.h"
+#include "test_folder.h"
+#include "vc_test_support.h"
+
+namespace zel::control {
+namespace {
+
+std::vector<std::string> queriesOf(const ScriptedSerialPort& port) {
+  std::vector<std::string> out;
+  for (const auto& c : port.commands())
+    if (!c.empty()) out.push_back(c);
+  return out;
+}
+
+TEST(ScannerLinkPorts, LoadListsNumberedPortsThenRestoresTheSavedText) {
+  VcRig rig(Family::Bcd);
+  rig.port.ports.push_back({"/dev/ttyACM0", "scanner"});
+  auto& link = rig.vc->link;
+  link.onLoad();
+  const auto& e = link.entries();
+  ASSERT_EQ(e.size(), 41u);  // select, usb/com1..39, and the port that is no COM port
+  EXPECT_EQ(e[0].text, "select");
+  EXPECT_EQ(e[1].text, "usb/com1");
+  EXPECT_EQ(e[39].text, "usb/com39");
+  EXPECT_EQ(e[39].portName, "COM39");
+  EXPECT_EQ(e[40].text, "/dev/ttyACM0");
+  EXPECT_TRUE(rig.vc->timers.enabled(Timer9));
+  EXPECT_FALSE(link.connectEnabled());
+
+  Settings s(rig.settings);
+  s.put("vc", "comport", "usb/com7");
+  rig.run(500);  // the one-shot restore
+  EXPECT_FALSE(rig.vc->timers.enabled(Timer9));
+  EXPECT_TRUE(link.connectEnabled());
+  EXPECT_EQ(e[link.selectedIndex()].text, "usb/com7");
+}
+
+TEST(ScannerLinkPorts, ASavedPortThatIsNoEntryLeavesSelectChosenWithoutAnError) {
+  for (const char* stored : {"usb/com45", "", "1"}) {
+    VcRig rig(Family::Sds);
+    Settings s(rig.settings);
+    if (*stored) s.put("vc_sds", "comport_sds", stored);
+    rig.vc->link.onLoad();
+    rig.vc->link.onTimer9(s);
+    EXPECT_EQ(rig.vc->link.selectedIndex(), 0) << stored;
+    EXPECT_TRUE(rig.feedback.messages.empty());
+    EXPECT_EQ(rig.feedback.beeps, 0);
+  }
+}
+
+TEST(ScannerLinkPorts, ScanKeepsThePortsThatAnswerAndReselectsTheSavedOne) {
+  VcRig rig(Family::Bcd);
+  Settings s(rig.settings);
+  s.put("vc", "comport", "usb/com7");
+  auto& link = rig.vc->link;
+  link.onLoad();
+  link.scanPorts(s);
+  ASSERT_EQ(link.entries().size(), 3u);
+  EXPECT_EQ(link.entries()[1].text, "usb/com3");
+  EXPECT_EQ(link.entries()[2].text, "usb/com7");
+  EXPECT_EQ(link.portPresent[3], 1);
+  EXPECT_EQ(link.portPresent[4], 0);
+  EXPECT_EQ(link.selectedIndex(), 2);
+}
+
+TEST(ScannerLinkPorts, ThePortIsStoredAtCloseOnlyWhenOneIsChosen) {
+  VcRig rig(Family::Bcd);
+  Settings s(rig.settings);
+  rig.vc->link.onLoad();
+  rig.vc->link.savePort(s);
+  EXPECT_EQ(s.getPlain("vc", "comport", "none"), "none");
+  rig.vc->link.selectIndex(3);
+  rig.vc->link.savePort(s);
+  EXPECT_EQ(s.getPlain("vc", "comport", "none"), "usb/com3");
+}
+
+TEST(ScannerLinkConnect, WithSelectChosenConnectOnlyBeeps) {
+  VcRig rig(Family::Bcd);
+  rig.vc->link.onLoad();
+  rig.vc->link.connect();
+  EXPECT_EQ(rig.feedback.beeps, 1);
+  EXPECT_EQ(rig.port.openCount, 0);
+  EXPECT_FALSE(rig.vc->timers.enabled(Timer1));
+}
+
+TEST(ScannerLinkConnect, AnOpenErrorAbove8000IsShownInTheTitleAndNothingIsPolled) {
+  VcRig rig(Family::Bcd);
+  rig.port.openError = kPortErrorInvalidPort;
+  rig.connect("COM5");
+  EXPECT_EQ(rig.vc->link.title(), "usb/comport error: 8002");
+  EXPECT_EQ(rig.feedback.beeps, 1);
+  EXPECT_EQ(rig.vc->link.waitingReply, 0);
+  EXPECT_FALSE(rig.vc->timers.enabled(Timer1));
+  EXPECT_FALSE(rig.vc->timers.enabled(Timer10));
+  rig.run(1000);
+  EXPECT_TRUE(rig.port.commands().empty());
+}
+
+TEST(ScannerLinkConnect, ConnectWaitsHalfASecondThenOpensAtTheFixedSettings) {
+  VcRig rig(Family::Bcd);
+  rig.connect("COM3");
+  EXPECT_EQ(rig.port.lastPort, "COM3");
+  EXPECT_EQ(rig.port.lastSettings, "115200,n,8,1");
+  ASSERT_EQ(rig.pump.waits.size(), 1u);
+  EXPECT_EQ(rig.pump.waits[0], 500);
+  EXPECT_EQ(rig.vc->link.title(), "ZEL536PRO ");
+  EXPECT_TRUE(rig.vc->timers.enabled(Timer1));
+  EXPECT_TRUE(rig.vc->timers.enabled(Timer10));
+  EXPECT_EQ(rig.vc->link.waitingReply, 0);
+}
+
+TEST(ScannerLinkPoll, EachFamilyRunsItsRoundOfQueries) {
+  struct Case {
+    Family family;
+    bool waterfall;
+    std::vector<std::string> round;
+  } cases[] = {
+      {Family::Bcd,
+       false,
+       {"STS", "GID", "GLG", "VOL", "SQL", "MDL", "PWR", "GSI", "SVC", "FQK", "WIN", "STS"}},
+      {Family::Sds, false, {"STS", "GLG", "MDL", "GSI", "SVC", "FQK", "STS"}},
+      {Family::Sds, true, {"STS", "GSI", "GWF,1", "STS"}},
+  };
+  for (const auto& c : cases) {
+    VcRig rig(c.family);
+    rig.vc->link.waterfallPage = c.waterfall;
+    rig.connect();
+    for (std::size_t i = 0; i < c.round.size(); ++i) rig.vc->link.onTimer1();
+    EXPECT_EQ(queriesOf(rig.port), c.round);
+  }
+}
+
+TEST(ScannerLinkPoll, AStepTheRoundDoesNotListSendsNothingUntilTheWatchdogResetsIt) {
+  VcRig rig(Family::Sds);
+  rig.connect();
+  auto& link = rig.vc->link;
+  link.pollStep = 5;  // listed in the normal round (MDL), not on the waterfall page
+  link.waterfallPage = true;
+  rig.run(1900);
+  EXPECT_TRUE(queriesOf(rig.port).empty());
+  EXPECT_EQ(link.pollStep, 5);
+  rig.run(200);  // the watchdog, armed by the empty ticks, resets the round
+  EXPECT_EQ(link.watchdogFirings, 1);
+  rig.run(100);
+  ASSERT_FALSE(queriesOf(rig.port).empty());
+  EXPECT_EQ(queriesOf(rig.port).front(), "STS");
+}
+
+TEST(ScannerLinkPoll, WaitingReplyMinusOneDoesNotHoldTheNextSend) {
+  VcRig rig(Family::Bcd);
+  rig.connect();
+  rig.vc->link.waitingReply = -1;
+  rig.vc->link.onTimer1();
+  rig.vc->link.onTimer1();
+  EXPECT_EQ(queriesOf(rig.port).size(), 2u);
+  EXPECT_EQ(rig.vc->link.waitingReply, -1);
+}
+
+TEST(ScannerLinkPoll, SendCounterStartsAt90OnTheBcdWindowAndWrapsAbove56) {
+  VcRig bcd(Family::Bcd);
+  EXPECT_EQ(bcd.vc->link.sendCounter, 90);
+  bcd.connect();
+  bcd.vc->link.onTimer1();
+  EXPECT_EQ(bcd.vc->link.sendCounter, 2);  // 90 > 56: back to 1, then counted
+  for (int i = 0; i < 55; ++i) bcd.vc->link.onTimer1();
+  EXPECT_EQ(bcd.vc->link.sendCounter, 57);
+  bcd.vc->link.onTimer1();
+  EXPECT_EQ(bcd.vc->link.sendCounter, 2);
+  VcRig sds(Family::Sds);
+  EXPECT_EQ(sds.vc->link.sendCounter, 0);
+}
+
+TEST(ScannerLinkPoll, TheSdsSendTickRunsAt75MsOr200WithTheGpsPort) {
+  VcRig rig(Family::Sds);
+  EXPECT_EQ(rig.vc->timers.interval(Timer1), 100);
+  rig.connect();
+  rig.vc->link.onTimer1();
+  EXPECT_EQ(rig.vc->timers.interval(Timer1), 75);
+  EXPECT_EQ(rig.vc->link.pollStepText, "0");
+  rig.vc->link.useGpsPort = true;
+  rig.vc->link.onTimer1();
+  EXPECT_EQ(rig.vc->timers.interval(Timer1), 200);
+}
+
+TEST(ScannerLinkReceive, AReplyStillIncompleteAtTheNextSendTickIsLost) {
+  VcRig rig(Family::Bcd);
+  rig.connect();
+  auto& link = rig.vc->link;
+  link.pollStep = 2;
+  link.onTimer1();  // sends GLG, awaits it at step 3
+  rig.port.feed("GLG,0154.4300,NFM,0,,County,Fire,Dis");
+  link.onTimer10();
+  EXPECT_FALSE(link.rxBuffer.empty());
+  link.onTimer1();  // sends VOL: the half GLG is thrown away
+  EXPECT_TRUE(link.rxBuffer.empty());
+  rig.port.feed("patch,1,0,,,NONE\r");  // the rest of it arrives under the VOL step
+  link.onTimer10();
+  EXPECT_EQ(rig.vc->status.ldat[ld::kChannel], "");
+  EXPECT_EQ(link.pollStep, 4);
+  link.onTimer1();
+  EXPECT_EQ(queriesOf(rig.port).back(), "SQL");  // the round goes on
+}
+
+TEST(ScannerLinkReceive, PollStep99StopsTheReceiverWhileThePortStaysOpen) {
+  VcRig rig(Family::Bcd);
+  rig.connect();
+  auto& link = rig.vc->link;
+  link.pollStep = kPollStopped;
+  rig.port.feed("STS,0000100,x,\r");
+  int reads = rig.port.readCount;
+  link.onTimer10();
+  EXPECT_EQ(rig.port.readCount, reads);
+  EXPECT_TRUE(link.rxBuffer.empty());
+  EXPECT_TRUE(rig.port.isOpen());
+  EXPECT_EQ(rig.port.bytesAvailable(), 15);
+}
+
+TEST(ScannerLinkReceive, AnAcceptedReplyClearsTheBufferAndDisarmsTheWatchdog) {
+  VcRig rig(Family::Bcd);
+  rig.connect();
+  auto& link = rig.vc->link;
+  link.onTimer1();  // STS sent, watchdog armed
+  EXPECT_TRUE(rig.vc->timers.enabled(Timer2));
+  EXPECT_EQ(link.waitingReply, -1);
+  rig.port.feed("STS,0000100,Scan,,\r");
+  link.onTimer10();
+  EXPECT_TRUE(link.rxBuffer.empty());
+  EXPECT_EQ(link.waitingReply, 0);
+  EXPECT_FALSE(rig.vc->timers.enabled(Timer2));
+}
+
+TEST(ScannerLinkWatchdog, ACompleteStsClearsTheCounterAndAGlgDoesNot) {
+  VcRig rig(Family::Bcd);
+  rig.connect();
+  auto& link = rig.vc->link;
+  link.watchdogCount = 7;
+  EXPECT_EQ(rig.receive(3, glgReply("0154.4300", "Dispatch")), ParseResult::Accepted);
+  EXPECT_EQ(link.watchdogCount, 7);
+  EXPECT_EQ(rig.receive(1, "STS,0000100,Scan,,\r"), ParseResult::Accepted);
+  EXPECT_EQ(link.watchdogCount, 0);
+}
+
+TEST(ScannerLinkWatchdog, SilenceResetsThePortEveryTwoSecondsAndPollingResumes) {
+  VcRig rig(Family::Bcd);
+  rig.connect();
+  auto& link = rig.vc->link;
+  // The first query goes out 50 ms after connecting; two seconds later the watchdog fires.
+  rig.run(2040);
+  EXPECT_EQ(link.watchdogFirings, 0);
+  rig.run(20);
+  EXPECT_EQ(link.watchdogFirings, 1);
+  EXPECT_EQ(link.watchdogCount, 1);
+  EXPECT_EQ(rig.port.closeCount, 1);
+  EXPECT_EQ(rig.port.openCount, 2);  // reopened by the connect handler
+  // The reset wrote a lone CR; the round starts again at STS.
+  rig.run(100);
+  auto it = std::find(rig.port.commands().begin(), rig.port.commands().end(), "");
+  ASSERT_NE(it, rig.port.commands().end());
+  ASSERT_NE(it + 1, rig.port.commands().end());
+  EXPECT_EQ(*(it + 1), "STS");
+  // A scanner that answers again keeps the watchdog quiet.
+  rig.port.responder = [&](const std::string& c) {
+    if (c == "STS") rig.port.feed("STS,0000100,Scan,,\r");
+    if (c == "GLG") rig.port.feed("GLG,,,,,,,,,,,,\r");
+    if (c == "GID" || c == "WIN") rig.port.feed(c + ",\r");
+    if (c == "VOL" || c == "SQL" || c == "MDL" || c == "PWR" || c == "SVC")
+      rig.port.feed(c + ",1\r");
+    if (c == "GSI") rig.port.feed("GSI,<XML>,<ScannerInfo></ScannerInfo>\r");
+  };
+  int firings = link.watchdogFirings;
+  rig.run(6000);
+  EXPECT_EQ(link.watchdogFirings, firings);
+  EXPECT_GT(link.repliesSinceReset, 50);
+  EXPECT_EQ(link.watchdogCount, 0);
+}
+
+TEST(ScannerLinkWatchdog, TheCounterWrapsAfterTwentyAndTellsTheTitle) {
+  for (Family family : {Family::Bcd, Family::Sds}) {
+    VcRig rig(family);
+    std::vector<std::string> titles;
+    rig.vc->link.onTitle = [&](const std::string& t) { titles.push_back(t); };
+    rig.connect();
+    rig.run(20 * 2000 + 1900);
+    EXPECT_EQ(rig.vc->link.watchdogCount, 20);
+    EXPECT_EQ(std::count(titles.begin(), titles.end(),
+                         family == Family::Bcd ? "No scomm1unication, trying to reset com port."
+                                               : "No communication, trying to reset com port."),
+              0);
+    rig.run(200);
+    EXPECT_EQ(rig.vc->link.watchdogCount, 1);
+    EXPECT_EQ(std::count(titles.begin(), titles.end(),
+                         family == Family::Bcd ? "No scomm1unication, trying to reset com port."
+                                               : "No communication, trying to reset com port."),
+              1);
+    EXPECT_TRUE(rig.feedback.messages.empty());  // the title, never a dialog
+  }
+}
+
+TEST(ScannerLinkWatchdog, TheSdsWindowBeepsTwiceAndAppendsAnEightLineRecord) {
+  TestFolder folder;
+  VcRig rig(Family::Sds, folder.path());
+  rig.clock.time = "10:11:12";
+  rig.connect();
+  rig.vc->link.onTimer1();
+  rig.port.feed("STS,half");
+  rig.vc->link.onTimer10();
+  rig.vc->link.onTimer2();
+  EXPECT_EQ(rig.feedback.beeps, 2);
+  std::ifstream in(folder.file("comerrorlog.txt"), std::ios::binary);
+  std::stringstream text;
+  text << in.rdbuf();
+  const std::string expected =
+      "Error log: 2026-01-01 / 10:11:12\r\n1:1\r\n2:1\r\n3:8\r\n4:0\r\n"
+      "5:0\r\n6:-1\r\n7:STS,half\r\n";
+  EXPECT_EQ(text.str(), expected);
+}
+
+TEST(ScannerLinkCommands, SendCommandNeedsAnOpenPort) {
+  VcRig rig(Family::Bcd);
+  EXPECT_FALSE(rig.vc->link.SendCommand("KEY,L,P"));
+  rig.connect();
+  EXPECT_TRUE(rig.vc->link.SendCommand("KEY,L,P"));
+  EXPECT_EQ(rig.port.rawOutput(), "KEY,L,P\r");
+}
+
+TEST(ScannerLinkCommands, TheOneShotReconnectRunsTheConnectHandler) {
+  VcRig rig(Family::Bcd);
+  rig.vc->link.selectPortName("COM7");
+  rig.vc->timers.enable(Timer4);
+  rig.run(250);
+  EXPECT_FALSE(rig.vc->timers.enabled(Timer4));
+  EXPECT_EQ(rig.port.lastPort, "COM7");
+  EXPECT_TRUE(rig.port.isOpen());
+}
+
+}  // namespace
+}  // namespace zel::control

@@ -1,0 +1,54 @@
+#include "control/xml_attribute.h"
+
+#include <gtest/gtest.h>
+
+namespace zel::control {
+namespace {
+
+const char* kGsi =
+    "GSI,<XML>,\r<?xml version=\"1.0\" encoding=\"utf-8\"?>\r"
+    "<ScannerInfo Mode=\"Scan Mode\" V_Screen=\"trunk_scan\">\r"
+    "  <System Name=\"Fire &amp; Rescue, North\" SystemType=\"P25 Standard\" Q_Key=\"3\" />\r"
+    "  <Site Name=\"Simulcast\" Index=\"12\" />\r"
+    "  <SiteFrequency Freq=\" 851.012500MHz\" SAD=\"293\" />\r"
+    "  <Property VOL=\"4\" SQL=\"0\" Mute=\"Unmute\" />\r"
+    "</ScannerInfo>\r";
+
+TEST(XmlAttribute, ReadsTheQuotedValueInsideTheFirstElementOfTheTag) {
+  struct Case {
+    const char* tag;
+    const char* attribute;
+    const char* value;
+  } cases[] = {
+      {"ScannerInfo", "Mode=", "Scan Mode"},
+      {"ScannerInfo", "V_Screen=", "trunk_scan"},
+      {"System", "Name=", "Fire & Rescue; North"},  // &amp; decoded, comma made safe
+      {"System", "Q_Key=", "3"},
+      {"Site ", "Index=", "12"},  // the blank keeps SiteFrequency out
+      {"SiteFrequency", "Freq=", " 851.012500MHz"},
+      {"Property", "SQL=", "0"},
+      {"Property", "Rssi=", "-110"},  // a missing RSSI reads as -110
+      {"Property", "Backlight=", ""},
+      {"Department", "Name=", ""},
+      {"Property", "", ""},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(XmlAttribute(kGsi, c.tag, c.attribute), c.value) << c.tag << " " << c.attribute;
+  }
+}
+
+TEST(XmlAttribute, ReshapingMarksElementLinesWithDoubleAngles) {
+  std::string x = reshapeGsi(kGsi);
+  EXPECT_NE(x.find("<<SiteFrequency "), std::string::npos);
+  EXPECT_NE(x.find("<<System Name"), std::string::npos);
+  EXPECT_EQ(x.find('\n'), std::string::npos);
+  EXPECT_EQ(x.find(','), std::string::npos);  // commas became ";"
+  EXPECT_NE(x.find("GSI;<XML>;"), std::string::npos);
+  EXPECT_NE(x.find(" />\r\r<<Site"), std::string::npos);  // each " />" ends its line
+  // The reshaped text reads the same.
+  EXPECT_EQ(XmlAttribute(x, "ScannerInfo", "Mode="), "Scan Mode");
+  EXPECT_EQ(XmlAttribute(x, "System", "Name="), "Fire & Rescue; North");
+}
+
+}  // namespace
+}  // namespace zel::control
