@@ -1,0 +1,201 @@
+#include "control/command_surface.h"
+
+#include <gtest/gtest.h>
+
+#include "control/vc_timers.h"
+#include "control/xml_attribute.h"
+#include "vc_test_support.h"
+
+namespace zel::control {
+namespace {
+
+TEST(KeyTable, EveryNameSendsItsCommandInEachFamily) {
+  struct Case {
+    const char* name;
+    const char* bcd;
+    const char* sds;
+  } cases[] = {
+      {"SCAN", "JPM,SCN_MODE", "JPM,SCN_MODE"},
+      {"Scan", "", "JPM,SCN_MODE"},
+      {"To Scan", "", "JPM,SCN_MODE"},
+      {"Search", "JPM,CTM_MODE,1", "JPM,CTM_MODE,1"},
+      {"SQL", "KEY,Q,P", "KEY,Q,P"},
+      {"VOL", "KEY,V,P", "KEY,V,P"},
+      {"MONI", "SQL,0", "SQL,0"},
+      {"MUTE", "VOL,0", "VOL,0"},
+      {"7", "KEY,7,P", "KEY,7,P"},
+      {".", "KEY,.,P", "KEY,.,P"},
+      {"SYSTEM", "KEY,A,P", "KEY,A,P"},
+      {"Step", "", "KEY,A,P"},
+      {"DEPT", "KEY,B,P", "KEY,B,P"},
+      {"Max Hold", "", "KEY,B,P"},
+      {"CHANNEL", "KEY,C,P", "KEY,C,P"},
+      {"MF > CF", "", "KEY,C,P"},
+      {"E", "KEY,E,P", "KEY,E,P"},
+      {"FUNC", "KEY,F,H", "KEY,F,H"},  // the only key that is held
+      {"AVOID", "KEY,L,P", "KEY,L,P"},
+      {"MENU", "KEY,M,P", "KEY,M,P"},
+      {"SERV", "KEY,T,P", "KEY,F,P"},
+      {"RANG", "KEY,R,P", ""},
+      {"ZIP", "KEY,Z,P", "KEY,Z,P"},
+      {"REPLAY", "KEY,Y,P", "KEY,Y,P"},
+      {"t", "KEY,>,P", "KEY,>,P"},
+      {"u", "KEY,<,P", "KEY,<,P"},
+      {"vfo", "KEY,^,P", "KEY,^,P"},
+      {"F", "KEY,^,P", "KEY,F,P"},
+      {"Nonsense", "", "KEY,C,P"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(keyCommand(Family::Bcd, c.name, false), c.bcd) << c.name;
+    EXPECT_EQ(keyCommand(Family::Sds, c.name, false), c.sds) << c.name;
+  }
+}
+
+TEST(KeyTable, OnAListScreenTheKnobTurnsTheOtherWay) {
+  EXPECT_EQ(keyCommand(Family::Bcd, "t", true), "KEY,<,P");
+  EXPECT_EQ(keyCommand(Family::Bcd, "u", true), "KEY,>,P");
+  VcRig rig(Family::Bcd);
+  rig.connect();
+  rig.vc->status.listScreen = 1;
+  rig.vc->commands.PressKey("t");
+  EXPECT_EQ(rig.port.commands().back(), "KEY,<,P");
+}
+
+TEST(PressKey, AClosedPortSendsNothingAndAnUnknownBcdKeyNothingAtAll) {
+  VcRig rig(Family::Bcd);
+  rig.vc->commands.PressKey("SCAN");
+  EXPECT_TRUE(rig.port.rawOutput().empty());
+  rig.connect();
+  rig.vc->commands.PressKey("Nonsense");
+  EXPECT_TRUE(rig.port.rawOutput().empty());
+}
+
+TEST(PressKey, TheSdsWindowDropsASecondKeyWithinAQuarterSecond) {
+  VcRig rig(Family::Sds);
+  rig.connect();
+  rig.port.clearOutput();
+  rig.vc->commands.PressKey("CHANNEL");
+  rig.vc->commands.PressKey("AVOID");
+  EXPECT_EQ(rig.port.commands(), std::vector<std::string>{"KEY,C,P"});
+  rig.vc->timers.runUntil(rig.clock, rig.clock.ms + 240, [&](int id) {
+    if (id == dokeytimer) rig.vc->fire(id);
+  });
+  rig.vc->commands.PressKey("AVOID");
+  EXPECT_EQ(rig.port.commands().size(), 1u);
+  rig.vc->timers.runUntil(rig.clock, rig.clock.ms + 20, [&](int id) {
+    if (id == dokeytimer) rig.vc->fire(id);
+  });
+  rig.vc->commands.PressKey("AVOID");
+  EXPECT_EQ(rig.port.commands().back(), "KEY,L,P");
+}
+
+TEST(PressKey, SdsMuteAndMonitorToggleOnTheLastGsi) {
+  struct Case {
+    const char* property;
+    const char* key;
+    const char* sent;
+  } cases[] = {
+      {"VOL=\"0\" SQL=\"4\"", "M", "VOL,9"},  // muted: back to the chosen volume
+      {"VOL=\"6\" SQL=\"4\"", "M", "VOL,0"},
+      {"VOL=\"6\" SQL=\"0\"", "MONI", "SQL,3"},
+      {"VOL=\"6\" SQL=\"2\"", "MONI", "SQL,0"},
+  };
+  for (const auto& c : cases) {
+    VcRig rig(Family::Sds);
+    rig.connect();
+    rig.vc->options.volumeIndex = 9;
+    rig.vc->options.squelchIndex = 3;
+    rig.vc->status.gsiText =
+        reshapeGsi(std::string("GSI,<XML>,\r  <Property ") + c.property + " />\r</ScannerInfo>\r");
+    rig.vc->commands.PressKey(c.key);
+    EXPECT_EQ(rig.port.commands().back(), c.sent) << c.key << " " << c.property;
+  }
+}
+
+TEST(PressKey, TheSdsServiceKeyIsFunctionThenZipASecondLater) {
+  VcRig rig(Family::Sds);
+  rig.connect();
+  rig.pump.waits.clear();
+  rig.vc->commands.PressKey("SERV");
+  auto n = rig.port.commands().size();
+  ASSERT_GE(n, 2u);
+  EXPECT_EQ(rig.port.commands()[n - 2], "KEY,F,P");
+  EXPECT_EQ(rig.port.commands()[n - 1], "KEY,Z,P");
+  EXPECT_EQ(rig.pump.waits, std::vector<int>{1000});
+}
+
+TEST(ModeList, TheCaptionsAreOffByOneFromTheSameGroupsTheySend) {
+  std::map<std::string, std::string> sent;
+  for (const auto& e : modeList(Family::Sds)) sent[e.caption] = modeCommand(e.number);
+  EXPECT_EQ(sent["WX Mode Same 0"], "JPM,WX_MODE,SAME_1");
+  EXPECT_EQ(sent["WX Mode Same 4"], "JPM,WX_MODE,SAME_5");
+  EXPECT_EQ(sent["Scan Mode"], "JPM,SCN_MODE");
+  EXPECT_EQ(sent["CloseCall Mode"], "JPM,CC_MODE,");
+  EXPECT_EQ(sent["Fire Tone Out"], "JPM,FTO_MODE,");
+  EXPECT_EQ(sent["Waterfall"], "JPM,WF_MODE");
+  EXPECT_EQ(sent[""], "");  // the empty first entry, 999
+  EXPECT_EQ(modeList(Family::Bcd).size(), 13u);
+  EXPECT_EQ(modeList(Family::Sds).size(), 14u);
+  EXPECT_EQ(modeCommand(40), "MNU,SVC_MENU");
+  EXPECT_EQ(modeCommand(45), "MNU,SETTING_MENU");
+  EXPECT_EQ(modeCommand(46), "");
+}
+
+TEST(ModeList, Entry999SendsNothing) {
+  VcRig rig(Family::Bcd);
+  rig.connect();
+  rig.vc->commands.selectMode(999);
+  EXPECT_TRUE(rig.port.rawOutput().empty());
+  rig.vc->commands.selectMode(21);
+  EXPECT_EQ(rig.port.rawOutput(), "JPM,WX_MODE,A_ONLY\r");
+}
+
+TEST(FurtherCommands, KnobsListsAndQuickHold) {
+  VcRig rig(Family::Bcd);
+  rig.connect();
+  auto& c = rig.vc->commands;
+  c.setVolume(12);
+  c.setSquelch(0);
+  c.volumeKnob();
+  c.squelchKnob();
+  c.mute();
+  c.openSquelch();
+  EXPECT_TRUE(c.quickHold("154.4300"));
+  EXPECT_TRUE(c.quickHold("1240"));
+  EXPECT_FALSE(c.quickHold("abc"));
+  c.scanMode();
+  std::vector<std::string> expected{"VOL,12",
+                                    "SQL,0",
+                                    "KEY,V,P",
+                                    "KEY,Q,P",
+                                    "VOL,0",
+                                    "SQL,0",
+                                    "QSH,1544300,,,,,,,,,,,,",
+                                    "QSH,12400000,,,,,,,,,,,,",
+                                    "JPM,SCN_MODE"};
+  EXPECT_EQ(rig.port.commands(), expected);
+}
+
+TEST(Keyboard, ArrowsSpaceEnterAndEscapePressKeys) {
+  EXPECT_EQ(keyboardKey(Keyboard::Up), "t");
+  EXPECT_EQ(keyboardKey(Keyboard::Right), "t");
+  EXPECT_EQ(keyboardKey(Keyboard::Space), "t");
+  EXPECT_EQ(keyboardKey(Keyboard::Left), "u");
+  EXPECT_EQ(keyboardKey(Keyboard::Down), "u");
+  EXPECT_EQ(keyboardKey(Keyboard::Enter), "E");
+  EXPECT_EQ(keyboardKey(Keyboard::Escape), "MENU");
+  EXPECT_EQ(keyboardKey(Keyboard::Other), "");
+}
+
+TEST(MiniView, ItsButtonsPressTheFamilysKeys) {
+  EXPECT_EQ(miniViewKey(Family::Sds, MiniButton::Scan), "Scan");
+  EXPECT_EQ(miniViewKey(Family::Bcd, MiniButton::Scan), "t");
+  EXPECT_EQ(miniViewKey(Family::Bcd, MiniButton::HoldResume), "CHANNEL");
+  EXPECT_EQ(miniViewKey(Family::Sds, MiniButton::Avoid), "AVOID");
+  // Every face key of each family sends something.
+  for (Family f : {Family::Bcd, Family::Sds})
+    for (const auto& k : keyNames(f)) EXPECT_NE(keyCommand(f, k, false), "") << k;
+}
+
+}  // namespace
+}  // namespace zel::control

@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "control/vc_timers.h"
+#include "test_folder.h"
+#include "vc_test_support.h"
+
+namespace zel::control {
+namespace {
+
+std::string readFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+TEST(GlgParser, FieldOneIsAFrequencyWithAPointOrElseATalkgroup) {
+  struct Case {
+    const char* field1;
+    const char* frequency;
+    const char* talkgroup;
+  } cases[] = {
+      {"0154.4300", "154.4300", ""},   // the leading zero is cut
+      {"1240.0000", "1240.0000", ""},  // no zero to cut
+      {"0460.12500", "460.1250", ""},  // eight characters are kept
+      {"2412", "", "2412"},           {"", "", ""},
+  };
+  for (const auto& c : cases) {
+    VcRig rig(Family::Bcd);
+    EXPECT_EQ(rig.vc->decoder.parseGlg(glgReply(c.field1, "Dispatch")), ParseResult::Accepted);
+    EXPECT_EQ(rig.vc->status.ldat[ld::kFrequency], c.frequency) << c.field1;
+    EXPECT_EQ(rig.vc->status.ldat[ld::kTalkgroup], c.talkgroup) << c.field1;
+    EXPECT_EQ(rig.vc->status.idText, c.talkgroup);
+  }
+}
+
+TEST(GlgParser, TheRecordFillsTheChannelCells) {
+  VcRig rig(Family::Bcd);
+  rig.glg("GLG,0154.4300,NFM,0,127.3,Springfield, City of,Fire,Dispatch,1,0,,,293\r");
+  const auto& l = rig.vc->status.ldat;
+  EXPECT_EQ(l[ld::kModulation], "NFM");
+  EXPECT_EQ(l[ld::kSubtone], "127.3");
+  EXPECT_EQ(l[ld::kSystem], "Springfield; City of");  // the comma inside the name repaired
+  EXPECT_EQ(l[ld::kDepartment], "Fire");
+  EXPECT_EQ(l[ld::kChannel], "Dispatch");
+  EXPECT_EQ(l[ld::kNac], "293");
+  EXPECT_EQ(rig.vc->status.glgText,
+            "GLG,0154.4300,NFM,0,127.3,Springfield; City of,Fire,Dispatch,1,0,,,293");
+}
+
+TEST(GlgParser, TheEmptyFormLeavesTheRecordEmptyAndStaysOutOfTheDataLog) {
+  TestFolder folder;
+  VcRig rig(Family::Bcd, folder.path());
+  rig.vc->options.debug = true;
+  rig.glg(glgReply("0154.4300", "Dispatch"));
+  rig.glg("GLG,,,,,,,,,,,,\r");
+  for (const auto& cell : rig.vc->status.ldat) EXPECT_EQ(cell, "");
+  EXPECT_EQ(readFile(folder.file("datalog.txt")),
+            "GLG,0154.4300,NFM,0,,County,Fire,Dispatch,1,0,,,NONE\r\n");
+}
+
+TEST(GlgParser, OnlyACompleteReplyOfItsOwnWordIsTaken) {
+  VcRig rig(Family::Bcd);
+  EXPECT_EQ(rig.vc->decoder.parseGlg("GLG,0154.4300,NFM,0,,A,B,C,1,0,,,NONE"),
+            ParseResult::Waiting);
+  EXPECT_EQ(rig.vc->decoder.parseGlg("KEY,OK\r"), ParseResult::Waiting);
+  EXPECT_EQ(rig.vc->status.ldat[ld::kFrequency], "");
+}
+
+TEST(GlgParser, ThreeWaysToSeeATransmission) {
+  struct Case {
+    const char* reply;
+    bool busy;
+  } cases[] = {
+      {"GLG,0154.4300,NFM,0,,A,B,C,1,0,,,293\r", true},  // field 9, the mute flag, is 0
+      {"GLG,0154.4300,NFM,0,,A,B,C,1,1,,,NONE\r", false},
+      {"GLG,0154.4300,NFM,0,,A,B,C,9,1,0,,,NONE\r", true},  // holds "1,0,,,NONE"
+      // A comma in a name shifts the fields; the fourth from the end is still the mute flag.
+      {"GLG,0154.4300,NFM,0,,Smith, Jones,B,C,1,0,,,293\r", true},
+      {"GLG,,,,,,,,,,,,\r", false},
+  };
+  for (const auto& c : cases) {
+    VcRig rig(Family::Bcd);
+    rig.glg(c.reply);
+    EXPECT_EQ(rig.vc->status.busy, c.busy) << c.reply;
+    EXPECT_EQ(rig.vc->status.miniBusy, c.busy) << c.reply;
+    EXPECT_EQ(rig.vc->timers.enabled(busydelay), !c.busy) << c.reply;
+  }
+}
+
+TEST(GlgParser, TheBusyMarkGoesAQuarterSecondAfterTheFirstQuietReply) {
+  VcRig rig(Family::Bcd);
+  auto& st = rig.vc->status;
+  rig.glg(glgReply("2412", "Ops 1", "", true, "293"));
+  st.uidText = "1872001";
+  rig.vc->counters.secondsBusy = 4;
+  rig.vc->counters.wasBusy = -1;
+  EXPECT_TRUE(st.busy);
+  rig.glg(glgReply("2412", "Ops 1", "", false, "293"));
+  EXPECT_TRUE(st.busy);  // held off
+  EXPECT_FALSE(st.miniBusy);
+  rig.run(240);
+  rig.glg(glgReply("2412", "Ops 1", "", false, "293"));  // enabling again does not restart
+  rig.run(20);
+  EXPECT_FALSE(st.busy);
+  EXPECT_EQ(st.uidText, "");
+  EXPECT_EQ(st.idText, "");
+  EXPECT_EQ(rig.vc->counters.secondsBusy, 0);
+  EXPECT_EQ(rig.vc->counters.wasBusy, 0);
+  EXPECT_FALSE(rig.vc->timers.enabled(busydelay));
+  EXPECT_TRUE(rig.vc->timers.enabled(delaylog));
+  // A new transmission stops the forgetting.
+  rig.glg(glgReply("2412", "Ops 1", "", true, "293"));
+  EXPECT_FALSE(rig.vc->timers.enabled(delaylog));
+}
+
+TEST(GlgParser, TheModeLabelShowsOnlyWhileBusyAndResumeAfterStartsItsTimer) {
+  VcRig rig(Family::Bcd);
+  rig.vc->options.action = LogAction::ResumeAfter;
+  rig.vc->options.resumeAfterIndex = 2;
+  rig.glg(glgReply("0154.4300", "Dispatch", "", true));
+  EXPECT_EQ(rig.vc->status.modeText, "");  // busy was not yet shown when it was read
+  EXPECT_TRUE(rig.vc->timers.enabled(Timer16));
+  rig.glg(glgReply("0154.4300", "Dispatch", "", true));
+  EXPECT_EQ(rig.vc->status.modeText, "NFM");
+
+  VcRig off(Family::Bcd);
+  off.vc->options.action = LogAction::ResumeAfter;
+  off.vc->options.resumeAfterIndex = 0;  // "Disabled"
+  off.glg(glgReply("0154.4300", "Dispatch", "", true));
+  EXPECT_FALSE(off.vc->timers.enabled(Timer16));
+}
+
+}  // namespace
+}  // namespace zel::control
