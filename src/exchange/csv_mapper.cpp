@@ -394,8 +394,18 @@ std::string CsvMapper::clipboardText() const {
     if (!heading.empty()) mapped.emplace_back(c, heading);
   }
   if (mapped.empty()) return {};
+  // A CTCSS or DCS column names the kind of its code too: "SQ Mode" goes with it.
+  int toneColumn = 0;
+  std::string toneMode;
+  for (int c = 1; c < grid_.cols(); ++c) {
+    if (meaning(c) == "CTCSS" || meaning(c) == "DCS") {
+      toneColumn = c;
+      toneMode = meaning(c);
+    }
+  }
   std::string out;
   for (std::size_t i = 0; i < mapped.size(); ++i) out += (i ? "\t" : "") + mapped[i].second;
+  if (toneColumn) out += "\tSQ Mode";
   out += "\r\n";
   for (int r = 1; r < grid_.rows(); ++r) {
     bool any = false;
@@ -404,6 +414,9 @@ std::string CsvMapper::clipboardText() const {
       const std::string& cell = grid_.textMatrix(r, mapped[i].first);
       any = any || !trimView(cell).empty();
       line += (i ? "\t" : "") + trim(cell);
+    }
+    if (toneColumn) {
+      line += "\t" + (trimView(grid_.textMatrix(r, toneColumn)).empty() ? std::string() : toneMode);
     }
     if (any) out += line + "\r\n";
   }
