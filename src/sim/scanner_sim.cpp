@@ -198,7 +198,10 @@ std::string ScannerSim::handleKey(std::string_view code) {
     }
   } else if (code == "L") {
     if (!quickHoldOn_ && mode_ == SimMode::Scan) {
-      if (!avoided_.erase(current_)) avoided_.insert(current_);
+      if (!avoided_.erase(current_)) {
+        avoided_.insert(current_);
+        step(+1);  // an avoided channel is left at once
+      }
       holdChannel_ = false;
       resume();
     }

@@ -1,0 +1,236 @@
+#include "sim/scanner_sim.h"
+
+#include <gtest/gtest.h>
+
+#include "core/text.h"
+
+namespace zel::sim {
+namespace {
+
+std::vector<std::string> fields(const std::string& reply) {
+  std::string s = reply;
+  if (!s.empty() && s.back() == '\r') s.pop_back();
+  return split(s, ',');
+}
+
+// A scanner started at time 0, moved on in steps of 10 ms.
+struct Scan {
+  explicit Scan(std::string model = "BCD536HP", std::uint32_t seed = 1, double activity = 0.15) {
+    ScannerSimOptions o;
+    o.model = std::move(model);
+    o.seed = seed;
+    o.activity = activity;
+    sim = std::make_unique<ScannerSim>(o);
+    sim->advance(0);
+  }
+  void to(std::int64_t ms) {
+    for (std::int64_t t = sim->now(); t <= ms; t += 10) sim->advance(t);
+  }
+  // Runs until a transmission is on; false when none came within the time.
+  bool untilReceiving(std::int64_t within = 60000) {
+    const std::int64_t end = sim->now() + within;
+    while (sim->now() < end && !sim->receiving()) sim->advance(sim->now() + 10);
+    return sim->receiving();
+  }
+  std::unique_ptr<ScannerSim> sim;
+};
+
+TEST(ScannerSim, TheSameSeedPlaysTheSameScan) {
+  auto trace = [](std::uint32_t seed) {
+    Scan s("BCD536HP", seed);
+    std::string out;
+    for (int t = 0; t <= 30000; t += 50) {
+      s.sim->advance(t);
+      out += std::to_string(s.sim->channelIndex()) + (s.sim->receiving() ? "r" : "-");
+    }
+    return out;
+  };
+  EXPECT_EQ(trace(7), trace(7));
+  EXPECT_NE(trace(7), trace(8));
+}
+
+TEST(ScannerSim, ChannelRecordIsEmptyWhileScanningAndFullWhileReceiving) {
+  Scan s("BCD536HP", 3, 0.5);
+  EXPECT_EQ(s.sim->answer("GLG"), "GLG,,,,,,,,,,,,\r");
+  ASSERT_TRUE(s.untilReceiving());
+  const SimChannel& c = s.sim->channel();
+  auto f = fields(s.sim->answer("GLG"));
+  // A system name may hold a comma; count from the end for the flags.
+  ASSERT_GE(f.size(), 13u);
+  EXPECT_EQ(f[f.size() - 4], "0");  // the audio is on
+  EXPECT_EQ(f[f.size() - 5], "1");
+  if (c.trunked) {
+    EXPECT_EQ(f[1], c.tgid);
+    EXPECT_EQ(f.back(), c.nac);
+  } else {
+    EXPECT_EQ(leadingNumber(f[1]) * 1000000, static_cast<double>(c.hz));
+    EXPECT_EQ(f[1].size(), 9u);  // "0154.4300"
+    EXPECT_EQ(f.back(), "NONE");
+  }
+}
+
+TEST(ScannerSim, ScreensHaveTheLayoutOfTheirFamily) {
+  // The first channel's system name holds a comma, which shifts every later field of the
+  // screen as it does on a real scanner; the screen counts are checked on another one.
+  auto offTheComma = [](Scan& s) {
+    s.sim->answer("KEY,C,P");
+    while (s.sim->channel().system.find(',') != std::string::npos) s.sim->answer("KEY,>,P");
+    s.sim->answer("KEY,C,P");
+  };
+  Scan bcd("BCD436HP");
+  offTheComma(bcd);
+  auto b = fields(bcd.sim->answer("STS"));
+  EXPECT_EQ(b[1], "0000100");
+  for (int line = 1; line <= 7; ++line) EXPECT_EQ(b[2 * line].size(), 36u) << line;
+
+  Scan sds("SDS100");
+  offTheComma(sds);
+  std::string reply = sds.sim->answer("STS");
+  auto s = fields(reply);
+  EXPECT_EQ(s[1], "00001010100000000");
+  EXPECT_EQ(s[18].substr(0, 11), "Scanning...");
+  EXPECT_EQ(s.back(), "3");
+  EXPECT_EQ(reply.back(), '\r');
+}
+
+TEST(ScannerSim, KeysAnswerOkAndChangeTheScan) {
+  Scan s("BCD536HP", 4, 0.0);
+  s.to(1000);
+  EXPECT_EQ(s.sim->answer("KEY,C,P"), "KEY,OK\r");
+  EXPECT_TRUE(s.sim->channelHold());
+  int held = s.sim->channelIndex();
+  s.to(3000);
+  EXPECT_EQ(s.sim->channelIndex(), held);
+  s.sim->answer("KEY,>,P");  // the knob steps while holding
+  EXPECT_NE(s.sim->channelIndex(), held);
+  s.sim->answer("KEY,C,P");
+  EXPECT_FALSE(s.sim->channelHold());
+
+  // Avoiding a channel keeps the scan off it.
+  int avoided = s.sim->channelIndex();
+  s.sim->answer("KEY,L,P");
+  EXPECT_TRUE(s.sim->avoided(avoided));
+  for (int t = 3000; t < 10000; t += 10) {
+    s.sim->advance(t);
+    ASSERT_NE(s.sim->channelIndex(), avoided);
+  }
+  // The key works on the channel on show: the first one stays avoided.
+  int second = s.sim->channelIndex();
+  s.sim->answer("KEY,L,P");
+  EXPECT_TRUE(s.sim->avoided(avoided));
+  EXPECT_TRUE(s.sim->avoided(second));
+}
+
+TEST(ScannerSim, VolumeSquelchAndModes) {
+  Scan s;
+  EXPECT_EQ(s.sim->answer("VOL,12"), "VOL,OK\r");
+  EXPECT_EQ(s.sim->answer("VOL"), "VOL,12\r");
+  EXPECT_EQ(s.sim->answer("SQL,x"), "SQL,NG\r");
+  EXPECT_EQ(s.sim->answer("SQL"), "SQL,4\r");
+  EXPECT_EQ(s.sim->answer("JPM,WX_MODE,NORMAL"), "JPM,OK\r");
+  EXPECT_EQ(s.sim->mode(), SimMode::Weather);
+  s.to(500);
+  EXPECT_TRUE(s.sim->receiving());
+  EXPECT_EQ(s.sim->answer("JPM,SCN_MODE"), "JPM,OK\r");
+  EXPECT_EQ(s.sim->mode(), SimMode::Scan);
+  EXPECT_EQ(s.sim->answer("JPM,NOPE"), "JPM,NG\r");
+  EXPECT_EQ(s.sim->answer("XYZ"), "ERR\r");
+  EXPECT_EQ(s.sim->answer(""), "");
+  EXPECT_EQ(s.sim->answer("MDL"), "MDL,BCD536HP\r");
+}
+
+TEST(ScannerSim, QuickHoldTunesTheFrequency) {
+  Scan s;
+  EXPECT_EQ(s.sim->answer("QSH,1544300,,,,,,,,,,,,"), "QSH,OK\r");
+  EXPECT_EQ(s.sim->channel().hz, 154430000);
+  EXPECT_EQ(s.sim->answer("WIN"), "WIN,1,01544300\r");
+  EXPECT_EQ(s.sim->answer("QSH,0"), "QSH,NG\r");
+}
+
+TEST(ScannerSim, MenuIsAListScreenWithOneSelectedLine) {
+  Scan s;
+  s.sim->answer("KEY,M,P");
+  s.sim->answer("KEY,>,P");
+  auto f = fields(s.sim->answer("STS"));
+  EXPECT_EQ(f[1], "1111111111");
+  EXPECT_EQ(f[3], "");
+  EXPECT_EQ(f[5], "1");  // the second line is selected
+  s.sim->answer("KEY,M,P");
+  EXPECT_FALSE(s.sim->menuOpen());
+}
+
+TEST(ScannerSim, ACloseCallHitWaitsForEnter) {
+  Scan s;
+  std::int64_t t = 0;
+  while (s.sim->mode() != SimMode::CloseCall && t < 60000) s.sim->advance(t += 10);
+  ASSERT_EQ(s.sim->mode(), SimMode::CloseCall);
+  std::string screen = s.sim->answer("STS");
+  EXPECT_NE(screen.find("CC Found!"), std::string::npos);
+  auto f = fields(screen);
+  EXPECT_EQ(f[6].substr(0, 10), "Close Call");
+  EXPECT_NE(f[8].substr(0, 12).find("MHz"), std::string::npos);
+  EXPECT_NE(s.sim->answer("GLG").find(",CloseCall,"), std::string::npos);
+  s.sim->answer("KEY,E,P");
+  EXPECT_EQ(s.sim->answer("STS").find("CC Found!"), std::string::npos);
+  s.to(t + 3100);
+  EXPECT_EQ(s.sim->mode(), SimMode::Scan);
+}
+
+TEST(ScannerSim, ToneOutPagesShowBothTones) {
+  Scan s;
+  s.sim->answer("JPM,FTO_MODE,");
+  s.to(3100);
+  auto f = fields(s.sim->answer("STS"));
+  EXPECT_EQ(f[6].substr(0, 8), "Tone-Out");
+  EXPECT_EQ(f[10].substr(0, 3), "A :");
+  EXPECT_EQ(f[12].substr(0, 3), "B :");
+}
+
+TEST(ScannerSim, CustomSearchStreamsOneLineAStepAndWraps) {
+  Scan s;
+  EXPECT_EQ(s.sim->answer("CSP,2,TORVO BANDSCOPE,1460000,1461000,1250,NFM,0,2,1,400"), "CSP,OK\r");
+  EXPECT_EQ(s.sim->answer("CSC,ON"), "CSC,OK\r");
+  s.sim->advance(100);  // 40 lines at 400 a second
+  std::string stream = s.sim->unsolicited();
+  auto lines = split(stream, '\r');
+  lines.pop_back();
+  ASSERT_EQ(lines.size(), 40u);
+  EXPECT_EQ(lines[0].substr(lines[0].find(',', 4)),
+            ",01460000," + lines[0].substr(lines[0].size() - 1));
+  auto f8 = split(lines[8], ',');
+  EXPECT_EQ(f8.size(), 4u);
+  EXPECT_EQ(f8[2], "01461000");
+  EXPECT_EQ(split(lines[9], ',')[2], "01460000");  // round again
+  s.sim->answer("CSC,OFF");
+  s.sim->advance(200);
+  EXPECT_EQ(s.sim->unsolicited(), "");
+}
+
+TEST(ScannerSim, WaterfallFramesAndSiteReports) {
+  Scan s("SDS200");
+  auto f = fields(s.sim->answer("GWF,1"));
+  EXPECT_EQ(f.size(), 251u);
+  s.sim->answer("JPM,WF_MODE");
+  EXPECT_NE(s.sim->answer("GSI").find("Mode=\"Waterfall\""), std::string::npos);
+  s.sim->answer("AST,CURRENT_ACTIVITY,12");
+  std::string report = s.sim->unsolicited();
+  EXPECT_EQ(report.rfind("AST,<XML>,\r<?xml version=\"1.0\" encoding=\"utf-8\"?>\r<AST>\r", 0), 0u);
+  EXPECT_NE(report.find("<CurrentActivity No=\"3\" />"), std::string::npos);
+  EXPECT_EQ(s.sim->unsolicited(), "");  // the next report comes half a second later
+  s.sim->advance(600);
+  EXPECT_NE(s.sim->unsolicited(), "");
+}
+
+TEST(ScannerSim, GsiDescribesTheChannelOnShow) {
+  Scan s("SDS200", 9, 0.6);
+  ASSERT_TRUE(s.untilReceiving());
+  std::string x = s.sim->answer("GSI");
+  EXPECT_EQ(x.rfind("GSI,<XML>,\r<?xml", 0), 0u);
+  EXPECT_NE(x.find("</ScannerInfo>\r"), std::string::npos);
+  EXPECT_NE(x.find("Mute=\"Unmute\""), std::string::npos);
+  const SimChannel& c = s.sim->channel();
+  EXPECT_NE(x.find(c.trunked ? "<TGID Name=\"" : "<ConvFrequency Name=\""), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zel::sim
