@@ -105,7 +105,11 @@ void StatusDecoder::RenderStatus(std::string_view sts) {
 
   for (std::size_t i = 0; i < d.rows.size(); ++i) d.rows[i].visible = word.size() >= i + 1;
 
-  if (word.size() < 4 || word.size() > 16) return;
+  // The SDS series has three longer screens of its own.
+  const bool sdsWord =
+      family_ == Family::Sds && (word == "00001010100000000" || word == "00000000000000000000" ||
+                                 word == "00001110000000000");
+  if (!sdsWord && (word.size() < 4 || word.size() > 16)) return;
   if (word.find('0') == std::string::npos && word.find('1') == std::string::npos) return;
   st_.listScreen = (word == "1111" || word == "1111111111") ? 1 : 0;
   d.formatWord = word;

@@ -253,8 +253,8 @@ std::string ScannerSim::sdsScreen() const {
   s.line(trunkHit ? "RFSS ID: 1      Site ID: " + pad(std::to_string(c.siteIndex), 5)
                   : "RFSS ID: ---    Site ID: ---  ",
          blank);
-  s.line("WACN: " + std::string(trunkHit ? "BEE00" : "---  ") +
-             "      NOISE:" + pad(std::to_string(300 + (current_ * 977) % 40000), 8),
+  s.line("WACN: " + pad(trunkHit ? "BEE00" : "---", 10) +
+             "NOISE:" + pad(std::to_string(300 + (current_ * 977) % 40000), 8),
          blank);
   std::string uid = rx && !uid_.empty() ? uid_ : "---";
   std::string level = rx ? std::to_string(-120 + rssi() / 10) + "dBm" : "---";

@@ -53,6 +53,17 @@ TEST(RenderStatus, AWordThatIsNoLayoutEndsTheRendering) {
   }
 }
 
+TEST(RenderStatus, OnlyTheSdsWindowKnowsItsLongScreens) {
+  for (const char* word : {"00001010100000000", "00000000000000000000", "00001110000000000"}) {
+    VcRig sds(Family::Sds);
+    sds.sts(stsReply(word, {"Top"}));
+    EXPECT_EQ(sds.vc->status.display.rows[0].text, "Top") << word;
+    VcRig bcd(Family::Bcd);
+    bcd.sts(stsReply(word, {"Top"}));
+    EXPECT_EQ(bcd.vc->status.display.rows[0].text, "") << word;
+  }
+}
+
 TEST(RenderStatus, AKeyEchoIsNoScreen) {
   VcRig rig(Family::Bcd);
   rig.sts(stsReply("0000100", channelScreen()));

@@ -91,6 +91,21 @@ TEST(ScannerSim, ScreensHaveTheLayoutOfTheirFamily) {
   EXPECT_EQ(s[18].substr(0, 11), "Scanning...");
   EXPECT_EQ(s.back(), "3");
   EXPECT_EQ(reply.back(), '\r');
+
+  // While receiving, on a talkgroup and on a channel, every line keeps its width.
+  Scan busy("SDS200", 12, 0.8);
+  int checked = 0;
+  for (int n = 0; n < 40 && checked < 6; ++n) {
+    if (!busy.untilReceiving()) break;
+    if (busy.sim->channel().system.find(',') == std::string::npos) {
+      auto f = fields(busy.sim->answer("STS"));
+      ASSERT_EQ(f.size(), 47u);
+      for (int i = 2; i <= 37; ++i) EXPECT_EQ(f[i].size(), i == 4 ? 28u : 30u) << i << f[i];
+      ++checked;
+    }
+    busy.sim->advance(busy.sim->now() + 7000);
+  }
+  EXPECT_GE(checked, 3);
 }
 
 TEST(ScannerSim, KeysAnswerOkAndChangeTheScan) {
