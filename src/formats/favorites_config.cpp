@@ -37,8 +37,9 @@ std::string favoritesQuickKeyField(std::string_view value) {
   for (char c : v) {
     if (c < '0' || c > '9') return "Off";
   }
-  if (v.size() > 2) return "Off";
-  return std::to_string(leadingInteger(v));  // 0 to 98; 99 is not a key
+  const long long key = v.size() > 3 ? 999 : leadingInteger(v);
+  if (key > 98) return "Off";  // 0 to 98; 99 is not a key
+  return std::to_string(key);
 }
 
 std::string favoritesFlagFields(std::string_view flags) {

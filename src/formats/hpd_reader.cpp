@@ -84,6 +84,8 @@ class Reader {
   bool addNode(const std::string& parent, const std::string& key, const std::string& text,
                std::string_view original);
   void flushRows();
+  void laterNode(std::string key, std::string text);
+  void addLaterNodes();
   void fail(HpdReadStatus status, std::string message);
   void rollBack();
   void openFileRecord();
@@ -115,6 +117,12 @@ class Reader {
   int siteFrequency_ = 0;
   int unit_ = 0;
   std::vector<std::string> pendingRows_;
+  struct LaterNode {
+    std::string parent;
+    std::string key;
+    std::string text;
+  };
+  std::vector<LaterNode> laterNodes_;
 
   // What the read added, to be taken back when it fails.
   std::vector<std::pair<std::string, std::string>> frequencyNodes_;  // key, previous text
@@ -164,6 +172,7 @@ void Reader::run(std::string_view content) {
   if (failed_) return;
   flushRows();
   if (failed_) return;
+  addLaterNodes();
   result_.level = level_;
   feedback_.status("Load Ok.");
   feedback_.progress("Finished Loading.");
@@ -353,6 +362,7 @@ void Reader::onGroup(std::string_view line, bool talkgroups, std::string_view or
 }
 
 void Reader::onRow(std::string_view line, bool talkgroup, std::string_view original) {
+  if (class_ == SystemClass::None) return skip("no system before this line", original);
   if (departmentKey_.empty()) return skip("no department before this line", original);
   if (talkgroup != departmentTalkgroups_) {
     return skip(
@@ -386,15 +396,34 @@ void Reader::onSite(std::string_view line, std::string_view original) {
 void Reader::onBandPlan(std::string_view line, std::string_view original) {
   if (!needTrunked(original)) return;
   if (siteKey_.empty()) return skip("no site before this band plan", original);
-  const std::string key = keys::bandPlan(system_, site_);
-  std::string text = lines_.bandPlan(line);
-  NodeId existing = doc_.data.find(key);
-  if (existing != kNoNode) {
-    doc_.data.setText(existing, std::move(text));  // a second plan of one site replaces it
-  } else if (!addNode(systemKey_, key, text, original)) {
-    return;
-  }
+  laterNode(keys::bandPlan(system_, site_), lines_.bandPlan(line));
   ++result_.counts.bandPlans;
+}
+
+// Band plans and fleet maps join the tree after the last line. Ids of sites and departments
+// are node positions; a save creates a missing plan and leaves out an all-zero fleet map, and
+// with these nodes at the end neither moves a position, so a saved file reads back to the
+// same Ids. A second line for the same node replaces the first.
+void Reader::laterNode(std::string key, std::string text) {
+  for (LaterNode& n : laterNodes_) {
+    if (n.key == key) {
+      n.text = std::move(text);
+      return;
+    }
+  }
+  laterNodes_.push_back({systemKey_, std::move(key), std::move(text)});
+}
+
+void Reader::addLaterNodes() {
+  for (LaterNode& n : laterNodes_) {
+    NodeId existing = doc_.data.find(n.key);
+    if (existing != kNoNode) {
+      doc_.data.setText(existing, std::move(n.text));
+    } else {
+      doc_.data.add(n.parent, n.key, n.text);
+    }
+  }
+  laterNodes_.clear();
 }
 
 void Reader::onSiteFrequency(std::string_view line, std::string_view original) {
@@ -419,14 +448,7 @@ void Reader::onSiteFrequency(std::string_view line, std::string_view original) {
 void Reader::onFleetMap(std::string_view line, std::string_view original) {
   if (!needTrunked(original)) return;
   adoptNumber(nthField(line, 1));
-  const std::string key = keys::fleetMap(system_);
-  std::string text = lines_.fleetMap(line);
-  NodeId existing = doc_.data.find(key);
-  if (existing != kNoNode) {
-    doc_.data.setText(existing, std::move(text));
-  } else if (!addNode(systemKey_, key, text, original)) {
-    return;
-  }
+  laterNode(keys::fleetMap(system_), lines_.fleetMap(line));
   ++result_.counts.fleetMaps;
 }
 

@@ -78,7 +78,10 @@ int Walk::run() {
     const std::string& key = tree_.key(system);
     if (!only.empty() && key != only) continue;
     const std::string& sin = tree_.text(system);
-    if (options_.fileIndex > 0 && leadingInteger(record::field(sin, 23)) != options_.fileIndex) {
+    // Outside the family mode the reader keeps no file numbers: every system belongs to the
+    // file being saved.
+    if (options_.fileIndex > 0 && doc_.x36Mode &&
+        leadingInteger(record::field(sin, 23)) != options_.fileIndex) {
       continue;
     }
     systemName_ = record::field(sin, 4);

@@ -1,0 +1,100 @@
+#include "formats_test_support.h"
+
+#include <stdlib.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "core/keys.h"
+#include "formats/text_file.h"
+
+namespace zel::formats::test {
+
+namespace fs = std::filesystem;
+
+TempDir::TempDir() {
+  std::string pattern = (fs::temp_directory_path() / "zel-formats-test-XXXXXX").string();
+  if (char* made = mkdtemp(pattern.data())) path_ = made;
+}
+
+TempDir::~TempDir() {
+  std::error_code ec;
+  if (!path_.empty()) fs::remove_all(path_, ec);
+}
+
+std::string TempDir::file(std::string_view name) const {
+  return (fs::path(path_) / std::string(name)).string();
+}
+
+HpdReadResult Scratch::read(std::string_view content, HpdReadOptions options) {
+  return readHpdText(doc, pages, content, dir.file("list.hpd"), options, feedback);
+}
+
+HpdReadResult Scratch::readFile(const std::string& path, HpdReadOptions options) {
+  return readHpd(doc, pages, path, options, feedback);
+}
+
+std::string Scratch::render(HpdWriteOptions options) {
+  HpdWriteResult result;
+  return renderHpd(doc, pages, options, feedback, result);
+}
+
+std::string Scratch::page(int system, int department) const {
+  std::string out;
+  for (const std::string& line : pages.load(keys::department(system, department))) {
+    if (!out.empty()) out += "\n";
+    out += line;
+  }
+  return out;
+}
+
+std::string tabs(std::string_view line) {
+  std::string out(line);
+  for (char& c : out) {
+    if (c == '|') c = '\t';
+  }
+  return out;
+}
+
+std::string hpdFile(std::initializer_list<std::string_view> lines) {
+  std::string out = "TargetModel\tBCDx36HP\r\nFormatVersion\t1.00\r\n";
+  for (std::string_view l : lines) {
+    out += tabs(l);
+    out += "\r\n";
+  }
+  return out;
+}
+
+std::vector<std::string> fileLines(std::string_view text) {
+  std::vector<std::string> out;
+  for (std::string_view l : splitLines(text)) out.emplace_back(l);
+  return out;
+}
+
+std::string lineOf(std::string_view text, std::string_view word, int nth) {
+  for (const std::string& l : fileLines(text)) {
+    if (l.rfind(word, 0) == 0 && (l.size() == word.size() || l[word.size()] == '\t')) {
+      if (nth-- > 0) continue;
+      std::string shown = l;
+      for (char& c : shown) {
+        if (c == '\t') c = '|';
+      }
+      return shown;
+    }
+  }
+  return "<none>";
+}
+
+std::string slurp(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+void spit(const std::string& path, std::string_view content) {
+  std::ofstream out(path, std::ios::binary);
+  out.write(content.data(), static_cast<std::streamsize>(content.size()));
+}
+
+}  // namespace zel::formats::test

@@ -1,0 +1,63 @@
+#include "formats/text_file.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "formats/hpi_file.h"
+#include "formats_test_support.h"
+
+namespace zel::formats {
+namespace {
+
+TEST(TextLines, EveryKindOfLineEnd) {
+  struct Case {
+    const char* text;
+    std::vector<std::string_view> lines;
+  };
+  const Case cases[] = {
+      {"", {}},
+      {"a", {"a"}},
+      {"a\r\nb\r\n", {"a", "b"}},
+      {"a\nb", {"a", "b"}},
+      {"a\rb\r", {"a", "b"}},
+      {"a\r\n\r\nb", {"a", "", "b"}},
+      {"a\n\rb", {"a", "", "b"}},  // LF then CR are two ends
+  };
+  for (const Case& c : cases) EXPECT_EQ(splitLines(c.text), c.lines) << c.text;
+}
+
+TEST(TextFiles, AtomicWriteReplacesTheTargetAndLeavesNoTemporary) {
+  test::TempDir dir;
+  const std::string path = dir.file("x.txt");
+  test::spit(path, "old");
+  ASSERT_TRUE(writeFileAtomically(path, "new").ok);
+  EXPECT_EQ(test::slurp(path), "new");
+  EXPECT_FALSE(std::filesystem::exists(path + ".zeltmp"));
+  WriteStatus failed = writeFileAtomically(dir.file("missing/x.txt"), "new");
+  EXPECT_FALSE(failed.ok);
+  EXPECT_NE(failed.error, 0);
+  EXPECT_FALSE(readWholeFile(dir.file("missing/x.txt")).has_value());
+  EXPECT_FALSE(readWholeFile(dir.path()).has_value());  // a folder is no file
+}
+
+TEST(HpiFiles, PathsAndAttributes) {
+  EXPECT_EQ(hpiPathFor("/a/b.hpd"), "/a/b.hpi");
+  EXPECT_EQ(hpiPathFor("/a/B.HPD"), "/a/B.hpi");
+  EXPECT_EQ(hpiPathFor("/a/b"), "/a/b.hpi");
+  test::TempDir dir;
+  test::spit(dir.file("x.hpi"), "[TargetModel HomePatrol-2]\r\n1\r\n\"quoted\"\r\n");
+  std::optional<HpiAttributes> a = readHpi(dir.file("x.hpi"));
+  ASSERT_TRUE(a.has_value());
+  EXPECT_EQ((*a)[0], "1");
+  EXPECT_EQ((*a)[1], "quoted");
+  EXPECT_EQ((*a)[11], "");
+  HpiAttributes b;
+  b[3] = "/path";
+  std::string want = "[TargetModel HomePatrol-2]\r\n\r\n\r\n\r\n/path\r\n";
+  for (int i = 0; i < 8; ++i) want += "\r\n";
+  EXPECT_EQ(formatHpi(b), want);
+}
+
+}  // namespace
+}  // namespace zel::formats
