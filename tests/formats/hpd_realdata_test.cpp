@@ -1,0 +1,131 @@
+// Conformance over real scanner files: both cards' favorites lists and every state file of
+// the SDS200's database open without a skipped line, the counts of a read match the line
+// types of the file, and a saved file reads back and saves to the same bytes.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+
+#include "core/keys.h"
+#include "core/record_line.h"
+#include "core/text.h"
+#include "formats/hpd_check.h"
+#include "formats/text_file.h"
+#include "formats_test_support.h"
+
+namespace zel::formats {
+namespace {
+
+namespace fs = std::filesystem;
+const std::string kRoot = ZEL_REALDATA_DIR;
+
+std::vector<std::string> realFiles() {
+  std::vector<std::string> files = {
+      kRoot + "/card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd",
+      kRoot + "/card_sds200/BCDx36HP/favorites_lists/f_000001.hpd",
+  };
+  std::vector<std::string> states;
+  for (const auto& e : fs::directory_iterator(kRoot + "/card_sds200/BCDx36HP/HPDB")) {
+    const std::string name = e.path().filename().string();
+    if (startsWith(name, "s_") && endsWith(name, ".hpd")) states.push_back(e.path().string());
+  }
+  std::sort(states.begin(), states.end());
+  files.insert(files.end(), states.begin(), states.end());
+  return files;
+}
+
+TEST(RealFiles, TheDatabaseHasItsSixtySevenStateFiles) {
+  EXPECT_EQ(realFiles().size(), 69u);
+}
+
+// Lines of each type, counted by the first field alone.
+std::map<std::string, int> lineTypes(const std::string& text) {
+  std::map<std::string, int> n;
+  forEachLine(text,
+              [&](std::string_view line) { ++n[std::string(line.substr(0, line.find('\t')))]; });
+  return n;
+}
+
+class RealHpd : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(RealHpd, OpensWithoutSkippedLinesAndCountsItsLineTypes) {
+  const std::string text = test::slurp(GetParam());
+  std::map<std::string, int> types = lineTypes(text);
+  test::Scratch s;
+  HpdReadResult r = s.readFile(GetParam());
+  ASSERT_TRUE(r.ok()) << r.message;
+  EXPECT_EQ(r.level, HpdLevel::V3);
+  EXPECT_TRUE(r.skipped.empty()) << r.skipped.front().lineNumber << " " << r.skipped.front().reason;
+  EXPECT_EQ(r.counts.systems, types["Conventional"] + types["Trunk"]);
+  EXPECT_EQ(r.counts.sites, types["Site"]);
+  EXPECT_EQ(r.counts.departments, types["C-Group"] + types["T-Group"]);
+  EXPECT_EQ(r.counts.channels, types["C-Freq"]);
+  EXPECT_EQ(r.counts.talkgroups, types["TGID"]);
+  EXPECT_EQ(r.counts.frequencies, types["T-Freq"]);
+  EXPECT_EQ(r.counts.unitIds, types["UnitIds"]);
+  EXPECT_EQ(r.counts.bandPlans, types["BandPlan_Mot"]);
+  EXPECT_EQ(r.counts.bandPlansP25, types["BandPlan_P25"]);
+  EXPECT_EQ(r.counts.fleetMaps, types["FleetMap"]);
+  EXPECT_TRUE(s.feedback.messages.empty());
+
+  // The rows of the page files are the channel and talkgroup lines, one for one.
+  std::size_t rows = 0;
+  for (const std::string& dept : s.pages.departments()) rows += s.pages.load(dept).size();
+  EXPECT_EQ(rows, static_cast<std::size_t>(types["C-Freq"] + types["TGID"]));
+
+  // Names reach the system table as the file has them.
+  std::vector<HpdSystemInfo> systems = systemsRead(s.doc, r);
+  ASSERT_FALSE(systems.empty());
+  std::string firstSystem;
+  forEachLine(text, [&](std::string_view line) {
+    if (firstSystem.empty() && (startsWith(line, "Conventional\t") || startsWith(line, "Trunk\t")))
+      firstSystem = std::string(splitView(line, '\t')[3]);
+  });
+  EXPECT_EQ(systems[0].name, replaceAll(firstSystem, ",", ";"));
+}
+
+TEST_P(RealHpd, ASavedFileSavesAgainToTheSameBytes) {
+  test::Scratch first;
+  ASSERT_TRUE(first.readFile(GetParam()).ok());
+  const std::string once = first.render();
+  test::Scratch second;
+  HpdReadResult again = second.read(once);
+  ASSERT_TRUE(again.ok());
+  EXPECT_TRUE(again.skipped.empty());
+  const std::string twice = second.render();
+  EXPECT_EQ(twice.size(), once.size());
+  EXPECT_TRUE(twice == once) << "first difference at byte "
+                             << std::mismatch(once.begin(), once.end(), twice.begin()).first -
+                                    once.begin();
+}
+
+std::string testName(const ::testing::TestParamInfo<std::string>& info) {
+  std::string name = fs::path(info.param).stem().string();
+  if (info.param.find("card_bcd536hp") != std::string::npos) name = "bcd536hp_" + name;
+  if (info.param.find("favorites_lists") != std::string::npos &&
+      info.param.find("card_sds200") != std::string::npos)
+    name = "sds200_" + name;
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Cards, RealHpd, ::testing::ValuesIn(realFiles()), testName);
+
+TEST(RealHpdCheck, TheLargestStateFileNeedsNoLineSkippedAndFewValuesMoved) {
+  test::Scratch s;
+  HpdCheck check =
+      checkHpd(s.doc, s.pages, kRoot + "/card_sds200/BCDx36HP/HPDB/s_000006.hpd", s.feedback);
+  ASSERT_TRUE(check.read.ok());
+  EXPECT_TRUE(check.read.skipped.empty());
+  EXPECT_EQ(check.read.notKept.at("AreaState"), 689);
+  EXPECT_EQ(check.read.notKept.at("AreaCounty"), 854);
+  // Two DCS codes of this file are on no list of the scanner.
+  ASSERT_EQ(check.audit.moved.size(), 2u);
+  EXPECT_EQ(check.audit.moved[0].field, "SQ Code");
+  EXPECT_EQ(check.audit.filled.at("Delay Time").at("2"), 12515 + 11764);
+  const std::string report = formatCheck(check);
+  EXPECT_NE(report.find("Skipped lines: 0\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zel::formats
