@@ -21,8 +21,10 @@ std::string subtoneText(std::string_view raw) {
   const bool point = t.find('.') != std::string_view::npos;
   const double value = leadingNumber(t);
   const long long index = static_cast<long long>(std::trunc(value));
-  // Tone table positions run from 1 to 8100; anything else is shown as the scanner gave it.
-  if (index < 1 || index > 8100) return std::string(t);
+  // Tone table positions run from 1 to 8100. A text with no number ("All", "Search") names
+  // no tone; a number beyond the table is shown as the scanner gave it.
+  if (index < 1) return {};
+  if (index > 8100) return std::string(t);
   return point ? formatFixed(value, 1) + "C" : padNumber(index, 3) + "D";
 }
 

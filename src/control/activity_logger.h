@@ -30,7 +30,8 @@
 namespace zel::control {
 
 // The subtone as the log shows it: "127.3C" for a CTCSS tone, "023D" for a DCS code; ""
-// for "0", "None" and empty; any other text as it stands.
+// for "0", "None", empty and a text without a number ("All"); a number beyond the tone
+// table as it stands.
 std::string subtoneText(std::string_view raw);
 
 // The site reports that a capture run can ask for.

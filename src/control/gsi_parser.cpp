@@ -26,10 +26,17 @@ bool isNoValue(const std::string& v) {
          v == "UID: ---";
 }
 
-// Frequencies come with a leading blank (" 462.612500MHz").
 std::string channelValue(const std::string& xml, std::string_view tag, std::string_view attr) {
   std::string v = trim(XmlAttribute(xml, tag, attr));
-  return isNoValue(v) ? std::string() : v;
+  if (isNoValue(v)) return {};
+  if (attr == "Freq=") {
+    // " 462.612500MHz" is held as GLG gives it, "462.6125": the window polls both, and
+    // one channel must not look like two.
+    if (endsWith(v, "MHz")) v.resize(v.size() - 3);
+    std::size_t point = v.find('.');
+    if (point != std::string::npos && v.size() > point + 5) v.resize(point + 5);
+  }
+  return v;
 }
 }  // namespace
 
@@ -86,7 +93,11 @@ void StatusDecoder::readGsiChannel(const std::string& xml) {
     l[ld::kInfoUid] = l[ld::kUid];
   }
   if (xml.find("<<SiteFrequency ") != std::string::npos) {
-    apply("SiteFrequency", {{"SAD=", ld::kDetectedSubtone}, {"Freq=", ld::kFrequency}});
+    apply("SiteFrequency", {{"SAD=", ld::kDetectedSubtone}});
+    // A talkgroup hit stays keyed by its talkgroup, as GLG has it, so that the logger does
+    // not see two channels in one transmission; the site frequency is kept beside it.
+    st_.siteFrequency = channelValue(xml, "SiteFrequency", "Freq=");
+    if (l[ld::kTalkgroup].empty()) l[ld::kFrequency] = st_.siteFrequency;
   }
 }
 

@@ -106,6 +106,7 @@ struct ScannerStatus {
   std::string modeText;           // modulation label, only while busy
   std::string rssiText;           // SDS RSSI readout
   std::string siteIndex = "0";    // the trunk site tuned, from GSI; "0" when none
+  std::string siteFrequency;      // the site's frequency of a talkgroup hit, from GSI
   std::string waterfallBand;      // SDS waterfall page: WaterfallBand and
   std::string waterfallSettings;  // WaterfallSettings elements as text
   DisplayModel display;

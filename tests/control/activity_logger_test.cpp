@@ -389,7 +389,7 @@ TEST(SubtoneText, TonesShowWithTheirKind) {
     const char* raw;
     const char* shown;
   } cases[] = {{"127.3", "127.3C"}, {"67", "067D"},   {"023", "023D"}, {"754", "754D"},
-               {"0", ""},           {"None", ""},     {"", ""},        {"All", "All"},
+               {"0", ""},           {"None", ""},     {"", ""},        {"All", ""},
                {"9999", "9999"},    {"71.9", "71.9C"}};
   for (const auto& c : cases) EXPECT_EQ(subtoneText(c.raw), c.shown) << c.raw;
 }

@@ -41,7 +41,8 @@ TEST(GsiParser, ATrunkedHitFillsTheRecordAndTheExtraInfo) {
   EXPECT_EQ(l[ld::kChannel], "Fire Ops 1");
   EXPECT_EQ(l[ld::kUid], "1872001");
   EXPECT_EQ(l[ld::kUidName], "Engine 5");
-  EXPECT_EQ(l[ld::kFrequency], "851.012500MHz");
+  EXPECT_EQ(l[ld::kFrequency], "");  // a talkgroup hit keeps its talkgroup key
+  EXPECT_EQ(rig.vc->status.siteFrequency, "851.0125");
   EXPECT_EQ(l[ld::kDetectedSubtone], "293");
   EXPECT_EQ(l[ld::kRecSlot], "Slot 1");
   EXPECT_EQ(l[ld::kSetSlot], "Any");
@@ -59,6 +60,13 @@ TEST(GsiParser, ATrunkedHitFillsTheRecordAndTheExtraInfo) {
   EXPECT_EQ(rig.vc->status.display.backlight, "Blue");
 }
 
+TEST(GsiParser, ASiteFrequencyWithoutTalkgroupIsTheChannelFrequency) {
+  VcRig rig(Family::Sds);
+  rig.vc->decoder.parseGsi(
+      gsi("  <SiteFrequency Freq=\" 1240.012500MHz\" SAD=\"None\" />\r", "Mute=\"Mute\""));
+  EXPECT_EQ(rig.vc->status.ldat[ld::kFrequency], "1240.0125");
+}
+
 TEST(GsiParser, NoValueWordsClearAChannelCellAndEmptyAttributesKeepTheOthers) {
   VcRig rig(Family::Sds);
   auto& l = rig.vc->status.ldat;
@@ -73,7 +81,7 @@ TEST(GsiParser, NoValueWordsClearAChannelCellAndEmptyAttributesKeepTheOthers) {
   EXPECT_EQ(l[ld::kTalkgroup], "");   // "TGID None" is no value
   EXPECT_EQ(l[ld::kUid], "");
   EXPECT_EQ(l[ld::kChannel], "Channel 3");
-  EXPECT_EQ(l[ld::kFrequency], "462.612500MHz");
+  EXPECT_EQ(l[ld::kFrequency], "462.6125");
   EXPECT_EQ(l[ld::kSubtone], "All");
   EXPECT_EQ(l[ld::kServiceType], "Other");
   EXPECT_FALSE(rig.vc->status.busy);

@@ -113,7 +113,7 @@ TEST(RealSdsReplies, GsiRepliesFillTheRecordAndTheNeedle) {
   EXPECT_EQ(l[ld::kSystem], "Family Radio Service (FRS) - USA");
   EXPECT_EQ(l[ld::kDepartment], "Family Radio Service (FRS)");
   EXPECT_EQ(l[ld::kChannel], "Channel 3");
-  EXPECT_EQ(l[ld::kFrequency], "462.612500MHz");
+  EXPECT_EQ(l[ld::kFrequency], "462.6125");
   EXPECT_EQ(l[ld::kModulation], "NFM");
   EXPECT_EQ(l[ld::kSubtone], "All");
   EXPECT_EQ(l[ld::kTalkgroup], "");  // "TGID None"

@@ -1,0 +1,152 @@
+// `zel monitor` and `zel key` against `zel sim scanner`, through a real pseudo-terminal and
+// the real serial port code, for both window families and with the simulator's faults.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "monitor_process.h"
+
+namespace zel::e2e {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Monitor {
+  int exitCode = -1;
+  std::string out, err;
+};
+
+Monitor monitor(const std::string& device, std::vector<std::string> options) {
+  std::vector<std::string> argv{zelBinary(), "monitor", "--port", device};
+  argv.insert(argv.end(), options.begin(), options.end());
+  Process p;
+  Monitor m;
+  if (!p.start(argv)) return m;
+  m.exitCode = p.wait(20000);
+  m.out = p.out();
+  m.err = p.err();
+  return m;
+}
+
+std::vector<std::string> jsonLines(const std::string& json) {
+  std::vector<std::string> out;
+  std::size_t at = json.find("\"lines\":[");
+  if (at == std::string::npos) return out;
+  at += 9;
+  while (at < json.size() && json[at] == '"') {
+    std::size_t end = json.find('"', at + 1);
+    while (end != std::string::npos && json[end - 1] == '\\') end = json.find('"', end + 1);
+    out.push_back(json.substr(at + 1, end - at - 1));
+    at = end + 2;
+  }
+  return out;
+}
+
+TEST(MonitorE2E, BcdFamilyLogsTheSimulatedScanToStdoutAndTheFile) {
+  SimulatedScanner sim({"--model", "BCD536HP", "--seed", "5", "--activity", "0.5"});
+  ASSERT_EQ(sim.device().rfind("/dev/", 0), 0u) << sim.process().err();
+  fs::path log = fs::temp_directory_path() / ("zel-monitor-" + std::to_string(getpid()) + ".csvx");
+  Monitor m = monitor(sim.device(), {"--seconds", "4", "--log", log.string()});
+  EXPECT_EQ(m.exitCode, 0) << m.err;
+  EXPECT_NE(m.out.find("LOG,"), std::string::npos) << m.err;
+  std::ifstream in(log, std::ios::binary);
+  std::stringstream file;
+  file << in.rdbuf();
+  fs::remove(log);
+  // The file holds the same lines, with CR LF ends.
+  std::string lf = file.str();
+  std::string crlfLess;
+  for (char c : lf)
+    if (c != '\r') crlfLess += c;
+  EXPECT_EQ(crlfLess, m.out);
+  EXPECT_NE(m.err.find(" 0 watchdog resets"), std::string::npos) << m.err;
+}
+
+TEST(MonitorE2E, SdsFamilyReadsTheXmlAndReportsAsJson) {
+  SimulatedScanner sim({"--model", "SDS200", "--seed", "8", "--activity", "0.5"});
+  ASSERT_FALSE(sim.device().empty());
+  Monitor m = monitor(sim.device(), {"--seconds", "4", "--family", "sds", "--json"});
+  ASSERT_EQ(m.exitCode, 0) << m.err;
+  EXPECT_NE(m.out.find("\"model\":\"SDS200\""), std::string::npos) << m.out;
+  EXPECT_EQ(jsonNumber(m.out, "watchdogResets"), 0);
+  EXPECT_GT(jsonNumber(m.out, "repliesAccepted"), 40);  // 75 ms a query
+  auto lines = jsonLines(m.out);
+  ASSERT_FALSE(lines.empty()) << m.out;
+  for (const auto& l : lines) {
+    if (l.rfind("LOG,", 0) != 0) continue;
+    EXPECT_EQ(std::count(l.begin(), l.end(), ','), 14) << l;  // SDS rows carry Extra Info
+  }
+}
+
+TEST(MonitorE2E, ASilentScannerIsResetByTheWatchdogAndPollingResumes) {
+  SimulatedScanner sim({"--model", "BCD436HP", "--silent-after", "1", "--silent-for", "2.5"});
+  ASSERT_FALSE(sim.device().empty());
+  Monitor m = monitor(sim.device(), {"--seconds", "7", "--json"});
+  ASSERT_EQ(m.exitCode, 0) << m.err;
+  EXPECT_GE(jsonNumber(m.out, "watchdogResets"), 1) << m.out;
+  EXPECT_GT(jsonNumber(m.out, "repliesSinceLastReset"), 20) << m.out;
+  EXPECT_NE(m.err.find("resetting the port"), std::string::npos);
+}
+
+TEST(MonitorE2E, GarbageAndCutRepliesDoNotStopThePolling) {
+  SimulatedScanner sim({"--model", "BCD536HP", "--garbage", "0.2", "--cut", "0.1", "--seed", "3",
+                        "--activity", "0.5"});
+  ASSERT_FALSE(sim.device().empty());
+  Monitor m = monitor(sim.device(), {"--seconds", "4", "--json"});
+  ASSERT_EQ(m.exitCode, 0) << m.err;
+  EXPECT_GT(jsonNumber(m.out, "repliesAccepted"), 20) << m.out;
+  for (const auto& l : jsonLines(m.out)) {
+    std::string type = l.substr(0, l.find(','));
+    EXPECT_TRUE(type == "LOG" || type == "SUB" || type == "NAC" || type == "UID" || type == "CC" ||
+                type == "T-OUT")
+        << l;
+  }
+}
+
+TEST(MonitorE2E, TheBcdWindowRefusesAnSdsScanner) {
+  SimulatedScanner sim({"--model", "SDS100"});
+  ASSERT_FALSE(sim.device().empty());
+  Monitor m = monitor(sim.device(), {"--seconds", "4"});
+  EXPECT_EQ(m.exitCode, 1);
+  EXPECT_NE(m.err.find("New sds model detected, please select SDS VC for correct interface"),
+            std::string::npos)
+      << m.err;
+}
+
+TEST(MonitorE2E, AMissingPortIsAUserError) {
+  Monitor m = monitor("/dev/zel-no-such-port", {"--seconds", "1"});
+  EXPECT_EQ(m.exitCode, 1);
+  EXPECT_NE(m.err.find("Cannot open the port /dev/zel-no-such-port: usb/comport error: 80"),
+            std::string::npos)
+      << m.err;
+  Monitor usage = monitor("/dev/null", {"--family", "hp"});
+  EXPECT_EQ(usage.exitCode, 2);
+}
+
+TEST(KeyE2E, KeysReachTheScannerAndItsRepliesComeBack) {
+  SimulatedScanner sim({"--model", "BCD536HP", "--verbose"});
+  ASSERT_FALSE(sim.device().empty());
+  Process key;
+  ASSERT_TRUE(key.start({zelBinary(), "key", "--port", sim.device(), "SCAN", "AVOID", "7"}));
+  EXPECT_EQ(key.wait(10000), 0) << key.err();
+  EXPECT_EQ(key.out(), "SCAN: JPM,OK\nAVOID: KEY,OK\n7: KEY,OK\n");
+  sim.process().stop();
+  EXPECT_NE(sim.process().err().find("> KEY,L,P"), std::string::npos) << sim.process().err();
+
+  Process bad;
+  ASSERT_TRUE(bad.start({zelBinary(), "key", "--port", sim.device(), "WARP"}));
+  EXPECT_EQ(bad.wait(5000), 1);
+  EXPECT_EQ(bad.err().rfind("Unknown key \"WARP\". Keys: SYSTEM DEPT CHANNEL", 0), 0u) << bad.err();
+}
+
+TEST(PortsE2E, ListsPortsOrSaysThereAreNone) {
+  Process p;
+  ASSERT_TRUE(p.start({zelBinary(), "ports", "--json"}));
+  EXPECT_EQ(p.wait(5000), 0) << p.err();
+  EXPECT_EQ(p.out().front(), '[');
+}
+
+}  // namespace
+}  // namespace zel::e2e
