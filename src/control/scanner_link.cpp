@@ -114,9 +114,12 @@ void ScannerLink::connect() {
   timers_.disable(Timer1);
   timers_.disable(Timer10);
   if (port_.isOpen()) port_.close();
+  // The port is the one chosen at the click: the wait below runs other timers, and the
+  // restore of the saved port may change the selection meanwhile.
+  const std::string portName = entries_[selected_].portName;
   setTitle("ZEL536PRO ");
   Wait(pump_, clock_, 0.5);
-  int error = port_.open(entries_[selected_].portName, kPortSettings);
+  int error = port_.open(portName, kPortSettings);
   if (error > 8000) {
     feedback_.beep();
     port_.close();

@@ -118,6 +118,33 @@ TEST(ScannerLinkConnect, ConnectWaitsHalfASecondThenOpensAtTheFixedSettings) {
   EXPECT_EQ(rig.vc->link.waitingReply, 0);
 }
 
+TEST(ScannerLinkConnect, TheRestoreOfTheSavedPortDuringTheWaitDoesNotChangeThePortOpened) {
+  // The wait before opening runs the window's timers, as the event loop does.
+  struct TimerPump : EventPump {
+    VirtualControl* vc = nullptr;
+    ManualClock* clock = nullptr;
+    void runFor(int ms) override {
+      vc->timers.runUntil(*clock, clock->ms + ms, [this](int id) { vc->fire(id); });
+    }
+    void runPending() override {}
+  } pump;
+  ManualClock clock;
+  ScriptedSerialPort port;
+  RecordingFeedback feedback;
+  MemorySettingsStore settings;
+  port.ports = {{"COM7", ""}};
+  pump.clock = &clock;
+  VirtualControl vc(Family::Sds, VcPorts{port, clock, pump, feedback, settings}, "");
+  pump.vc = &vc;
+  vc.load();  // the restore of the saved port falls due at 500 ms
+  clock.advance(200);
+  vc.link.selectPortName("COM7");
+  vc.link.connect();                      // waits from 200 to 700 ms
+  EXPECT_EQ(vc.link.selectedIndex(), 0);  // the restore did run meanwhile
+  EXPECT_EQ(port.lastPort, "COM7");
+  EXPECT_TRUE(port.isOpen());
+}
+
 TEST(ScannerLinkPoll, EachFamilyRunsItsRoundOfQueries) {
   struct Case {
     Family family;

@@ -1,0 +1,191 @@
+#include "ui/vc_scanner_face.h"
+
+#include <QGridLayout>
+#include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "control/command_surface.h"
+
+namespace zel::ui {
+
+QString latin1(const std::string& text) {
+  return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+namespace {
+QColor lightColour(const std::string& name) {
+  if (name == "White") return Qt::white;
+  if (name == "Red") return QColor(220, 40, 40);
+  if (name == "Blue") return QColor(60, 90, 230);
+  if (name == "Magenta") return Qt::magenta;
+  if (name == "Green") return QColor(40, 200, 60);
+  if (name == "Yellow") return Qt::yellow;
+  if (name == "Cyan") return Qt::cyan;
+  return Qt::black;
+}
+
+// Key rows of each face, by key name; "" leaves a gap.
+const std::vector<std::vector<QString>>& keyRows(control::Family family) {
+  static const std::vector<std::vector<QString>> bcd{
+      {"SCAN", "Search", "SERV", "RANG", "ZIP", "REPLAY"},
+      {"SYSTEM", "DEPT", "CHANNEL", "AVOID", "FUNC", "MENU"},
+      {"1", "2", "3", "u", "vfo", "t"},
+      {"4", "5", "6", "VOL", "SQL", "MONI"},
+      {"7", "8", "9", "MUTE", "F", ""},
+      {".", "0", "E", "", "", ""}};
+  static const std::vector<std::vector<QString>> sds{
+      {"Scan", "Search", "SERV", "ZIP", "REPLAY", ""},
+      {"SYSTEM", "DEPT", "CHANNEL", "AVOID", "FUNC", "MENU"},
+      {"1", "2", "3", "u", "vfo", "t"},
+      {"4", "5", "6", "VOL", "SQL", "MONI"},
+      {"7", "8", "9", "M", "F", ""},
+      {".", "0", "E", "", "", ""},
+      {"Step", "SPAN", "Max Hold", "HOLD", "MF > CF", ""}};
+  return family == control::Family::Bcd ? bcd : sds;
+}
+
+QString caption(const QString& key) {
+  if (key == "t") return QStringLiteral("\u25B6");  // knob right
+  if (key == "u") return QStringLiteral("\u25C0");  // knob left
+  if (key == "vfo") return QStringLiteral("Knob");
+  return key;
+}
+}  // namespace
+
+ScannerDisplay::ScannerDisplay(control::Family family, const control::ScannerStatus& status,
+                               QWidget* parent)
+    : QWidget(parent), family_(family), status_(status) {
+  setMinimumSize(360, 250);
+}
+
+QSize ScannerDisplay::sizeHint() const {
+  return {440, 300};
+}
+
+void ScannerDisplay::paintNeedle(QPainter& p, const QRect& dial) {
+  const auto& d = status_.display;
+  // The needle's end lives in a 2500 by 1250 dial with its pivot at (1250, 1250).
+  auto map = [&](double x, double y) {
+    return QPointF(dial.left() + x * dial.width() / 2500.0,
+                   dial.top() + y * dial.height() / 1250.0);
+  };
+  p.setPen(QPen(QColor(90, 90, 90), 1));
+  p.drawArc(QRectF(map(250, 250), map(2250, 2250)), 0, 180 * 16);
+  p.setPen(QPen(QColor(230, 80, 40), 2));
+  p.drawLine(map(1250, 1250), map(d.needleX, d.needleY));
+}
+
+void ScannerDisplay::paintEvent(QPaintEvent*) {
+  const auto& d = status_.display;
+  QPainter p(this);
+  p.setRenderHint(QPainter::Antialiasing);
+  p.fillRect(rect(), QColor(30, 30, 34));
+  QRect lcd = rect().adjusted(8, 8, -8, -8);
+  // The alert light frames the display on the SDS series.
+  QColor frame = family_ == control::Family::Sds ? lightColour(d.backlight) : QColor(70, 70, 70);
+  p.setPen(QPen(frame == Qt::black ? QColor(70, 70, 70) : frame, 3));
+  p.setBrush(Qt::black);
+  p.drawRoundedRect(lcd, 6, 6);
+
+  QFont mono("Monospace");
+  mono.setStyleHint(QFont::TypeWriter);
+  mono.setPointSize(9);
+  p.setFont(mono);
+  const int line = QFontMetrics(mono).height();
+  int y = lcd.top() + 6;
+
+  // Top line: busy mark, signal bars, F mark, icon, knob direction.
+  p.setPen(Qt::NoPen);
+  p.setBrush(status_.busy ? QColor(60, 220, 90) : QColor(40, 60, 40));
+  p.drawEllipse(QPoint(lcd.left() + 14, y + 6), 5, 5);
+  for (int bar = 0; bar < 5; ++bar) {
+    p.setBrush(bar < d.signalBars ? QColor(250, 210, 60) : QColor(60, 60, 50));
+    int h = 3 + bar * 2;
+    p.drawRect(lcd.left() + 28 + bar * 6, y + 12 - h, 4, h);
+  }
+  p.setPen(QColor(250, 210, 60));
+  QString marks;
+  if (d.fIcon) marks += "F ";
+  if (d.icon) marks += d.icon == 1 ? "P25 " : "DIG ";
+  if (d.arrow == "t") marks += QStringLiteral("\u25B2");
+  if (d.arrow == "u") marks += QStringLiteral("\u25BC");
+  p.drawText(lcd.left() + 70, y + line - 3, marks);
+  p.drawText(lcd.right() - 120, y + line - 3, latin1(status_.modeText));
+  y += line + 4;
+
+  // The three name rows with their marks.
+  static const char* kRow[3] = {"S", "D", "C"};
+  for (int r = 0; r < 3; ++r) {
+    const auto& m = d.marks[r];
+    p.setPen(QColor(250, 210, 60));
+    p.drawText(lcd.left() + 8, y + line - 3, kRow[r]);
+    p.drawText(lcd.left() + 24, y + line - 3, latin1(d.names[r]).left(40));
+    p.setPen(m.avoid ? QColor(240, 80, 60) : QColor(80, 80, 80));
+    p.drawText(lcd.right() - 40, y + line - 3, "A");
+    p.setPen(m.hold ? QColor(120, 220, 255) : QColor(80, 80, 80));
+    p.drawText(lcd.right() - 24, y + line - 3, "H");
+    y += line;
+  }
+  y += 4;
+  p.setPen(QColor(90, 90, 60));
+  p.drawLine(lcd.left() + 6, y, lcd.right() - 6, y);
+  y += 4;
+
+  // The screen's own lines, as many as the format word has.
+  const int rowsBottom = family_ == control::Family::Sds ? lcd.bottom() - 70 : lcd.bottom() - 6;
+  for (const auto& row : d.rows) {
+    if (!row.visible || y + line > rowsBottom) break;
+    QRect r(lcd.left() + 6, y, lcd.width() - 12, line);
+    if (row.inverted) {
+      p.fillRect(r, QColor(250, 210, 60));
+      p.setPen(Qt::black);
+    } else {
+      p.setPen(QColor(250, 210, 60));
+    }
+    p.drawText(r, Qt::AlignLeft | Qt::AlignVCenter, latin1(row.text));
+    y += line;
+  }
+
+  if (family_ == control::Family::Sds) {
+    QRect dial(lcd.center().x() - 60, lcd.bottom() - 66, 120, 60);
+    paintNeedle(p, dial);
+    p.setPen(QColor(250, 210, 60));
+    p.drawText(QRect(lcd.left() + 8, lcd.bottom() - 22, 120, 18), Qt::AlignLeft,
+               status_.rssiText.empty() ? QString() : latin1(status_.rssiText) + " dBm");
+  }
+}
+
+ScannerFace::ScannerFace(control::Family family, const control::ScannerStatus& status,
+                         std::function<void(const std::string&)> pressKey, QWidget* parent)
+    : QWidget(parent), pressKey_(std::move(pressKey)) {
+  auto* layout = new QVBoxLayout(this);
+  display_ = new ScannerDisplay(family, status, this);
+  layout->addWidget(display_, 1);
+  auto* keys = new QGridLayout;
+  keys->setSpacing(3);
+  const auto& rows = keyRows(family);
+  for (int r = 0; r < static_cast<int>(rows.size()); ++r) {
+    for (int c = 0; c < static_cast<int>(rows[r].size()); ++c) {
+      const QString name = rows[r][c];
+      if (name.isEmpty()) continue;
+      auto* b = new QPushButton(caption(name), this);
+      b->setObjectName("key " + name);
+      b->setFocusPolicy(Qt::NoFocus);  // the arrows and Enter belong to the window
+      b->setMinimumWidth(56);
+      connect(b, &QPushButton::clicked, this, [this, name] { pressKey_(name.toStdString()); });
+      keys->addWidget(b, r, c);
+    }
+  }
+  layout->addLayout(keys);
+}
+
+QPushButton* ScannerFace::key(const QString& name) const {
+  return findChild<QPushButton*>("key " + name);
+}
+
+void ScannerFace::refresh() {
+  display_->update();
+}
+
+}  // namespace zel::ui

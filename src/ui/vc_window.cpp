@@ -1,0 +1,256 @@
+#include "ui/vc_window.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDoubleValidator>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "control/command_surface.h"
+#include "ui/vc_log_grid.h"
+#include "ui/vc_mini_view.h"
+#include "ui/vc_scanner_face.h"
+
+namespace zel::ui {
+
+VirtualControlWindow::VirtualControlWindow(control::Family family, SettingsStore& settings,
+                                           Feedback& feedback, const std::string& dataFolder,
+                                           QWidget* parent)
+    : QMainWindow(parent) {
+  vc_ = std::make_unique<control::VirtualControl>(
+      family, control::VcPorts{port_, clock_, pump_, feedback, settings}, dataFolder);
+  setWindowTitle(family == control::Family::Sds ? "ZEL536PRO for SDS series - Virtual Control"
+                                                : "ZEL536PRO Virtual Control");
+  vc_->load();
+
+  auto* central = new QWidget(this);
+  auto* layout = new QVBoxLayout(central);
+  auto* split = new QSplitter(Qt::Horizontal, central);
+  face_ = new ScannerFace(
+      family, vc_->status, [this](const std::string& k) { pressKey(k); }, split);
+  auto* side = new QWidget(split);
+  buildControls(side);
+  split->addWidget(face_);
+  split->addWidget(side);
+  layout->addWidget(split, 3);
+  log_ = new LogPanel(*vc_, central);
+  layout->addWidget(log_, 2);
+  setCentralWidget(central);
+
+  vc_->link.onTitle = [this](const std::string& t) { setWindowTitle(latin1(t)); };
+  vc_->logger.onLine = [this](const std::string&) { log_->pageChanged(); };
+  vc_->decoder.onCloseRequested = [this] {
+    // The model guard closes the window; the close runs once the parser has returned.
+    QTimer::singleShot(0, this, &QWidget::close);
+  };
+  host_ = std::make_unique<QtTimerHost>(vc_->timers, [this](int id) { vc_->fire(id); });
+
+  refresh_ = new QTimer(this);
+  connect(refresh_, &QTimer::timeout, this, &VirtualControlWindow::refresh);
+  refresh_->start(100);
+  resize(980, 760);
+}
+
+VirtualControlWindow::~VirtualControlWindow() {
+  host_.reset();  // the QTimers stop before the bank they serve goes
+}
+
+void VirtualControlWindow::buildControls(QWidget* host) {
+  auto& vc = *vc_;
+  const bool sds = vc.family() == control::Family::Sds;
+  auto* layout = new QVBoxLayout(host);
+
+  auto* portRow = new QHBoxLayout;
+  ports_ = new QComboBox(host);
+  ports_->setObjectName("ports");
+  auto* connectButton = new QPushButton("Connect", host);
+  auto* findPorts = new QPushButton("Find Ports", host);
+  portRow->addWidget(new QLabel("Port:", host));
+  portRow->addWidget(ports_, 1);
+  portRow->addWidget(findPorts);
+  portRow->addWidget(connectButton);
+  layout->addLayout(portRow);
+  fillPorts();
+  connect(connectButton, &QPushButton::clicked, this, [this] {
+    vc_->link.selectIndex(ports_->currentIndex());
+    vc_->link.connect();
+  });
+  connect(findPorts, &QPushButton::clicked, this, [this] {
+    vc_->link.scanPorts(vc_->settings);
+    fillPorts();
+  });
+  // A port typed by name (the simulator's pseudo-terminal, for one).
+  ports_->setEditable(true);
+  connect(ports_->lineEdit(), &QLineEdit::returnPressed, this, [this] {
+    vc_->link.selectPortName(ports_->currentText().toStdString());
+    fillPorts();
+  });
+
+  modes_ = new QComboBox(host);
+  for (const auto& m : control::modeList(vc.family()))
+    modes_->addItem(QString::fromStdString(m.caption), m.number);
+  connect(modes_, &QComboBox::activated, this, [this](int index) {
+    if (port_.isOpen()) vc_->commands.selectMode(modes_->itemData(index).toInt());
+  });
+  volume_ = new QComboBox(host);
+  squelch_ = new QComboBox(host);
+  for (int i = 0; i < 20; ++i) {
+    volume_->addItem(QString::number(i));
+    squelch_->addItem(QString::number(i));
+  }
+  volume_->setCurrentIndex(vc.options.volumeIndex);
+  squelch_->setCurrentIndex(vc.options.squelchIndex);
+  connect(volume_, &QComboBox::activated, this, [this](int i) {
+    vc_->options.volumeIndex = i;
+    vc_->commands.setVolume(i);
+  });
+  connect(squelch_, &QComboBox::activated, this, [this](int i) {
+    vc_->options.squelchIndex = i;
+    vc_->commands.setSquelch(i);
+  });
+  auto* knobs = new QHBoxLayout;
+  knobs->addWidget(new QLabel("Mode:", host));
+  knobs->addWidget(modes_, 1);
+  knobs->addWidget(new QLabel("Vol:", host));
+  knobs->addWidget(volume_);
+  knobs->addWidget(new QLabel("Sql:", host));
+  knobs->addWidget(squelch_);
+  layout->addLayout(knobs);
+
+  quickHold_ = new QLineEdit(host);
+  quickHold_->setPlaceholderText("Quick hold MHz (9999.9999)");
+  auto* validator = new QDoubleValidator(0, 9999.9999, 4, quickHold_);
+  validator->setLocale(QLocale::c());
+  quickHold_->setValidator(validator);
+  connect(quickHold_, &QLineEdit::returnPressed, this,
+          [this] { vc_->commands.quickHold(quickHold_->text().toStdString()); });
+  layout->addWidget(quickHold_);
+
+  if (sds) {
+    auto* keyCode = new QLineEdit(host);
+    keyCode->setPlaceholderText("Key code");
+    connect(keyCode, &QLineEdit::returnPressed, this,
+            [this, keyCode] { vc_->commands.sendKeyCode(keyCode->text().toStdString()); });
+    layout->addWidget(keyCode);
+    auto* gps = new QCheckBox("Use GPS port", host);
+    gps->setChecked(vc.options.useGpsPort);
+    connect(gps, &QCheckBox::toggled, this, [this](bool on) {
+      vc_->options.useGpsPort = on;
+      vc_->link.useGpsPort = on;
+    });
+    layout->addWidget(gps);
+    auto* waterfall = new QCheckBox("Waterfall page", host);
+    connect(waterfall, &QCheckBox::toggled, this,
+            [this](bool on) { vc_->link.waterfallPage = on; });
+    layout->addWidget(waterfall);
+  }
+  auto* mini = new QPushButton("Mini View", host);
+  connect(mini, &QPushButton::clicked, this, &VirtualControlWindow::showMiniView);
+  layout->addWidget(mini);
+  layout->addStretch();
+}
+
+void VirtualControlWindow::fillPorts() {
+  QSignalBlocker block(ports_);
+  ports_->clear();
+  for (const auto& e : vc_->link.entries()) ports_->addItem(latin1(e.text));
+  ports_->setCurrentIndex(vc_->link.selectedIndex());
+}
+
+void VirtualControlWindow::pressKey(const std::string& name) {
+  vc_->commands.PressKey(name);
+}
+
+void VirtualControlWindow::refresh() {
+  if (ports_->count() != static_cast<int>(vc_->link.entries().size())) fillPorts();
+  // The saved port is restored by a timer after load.
+  if (!ports_->hasFocus() && ports_->currentIndex() != vc_->link.selectedIndex())
+    ports_->setCurrentIndex(vc_->link.selectedIndex());
+  face_->refresh();
+  log_->refresh();
+  if (mini_) mini_->refresh();
+}
+
+void VirtualControlWindow::showMiniView() {
+  if (!mini_) {
+    mini_ = new MiniView(
+        vc_->family(), vc_->status, vc_->settings, [this](const std::string& k) { pressKey(k); },
+        this);
+  }
+  mini_->show();
+  mini_->raise();
+}
+
+void VirtualControlWindow::keyPressEvent(QKeyEvent* event) {
+  control::Keyboard key = control::Keyboard::Other;
+  switch (event->key()) {
+    case Qt::Key_Up:
+      key = control::Keyboard::Up;
+      break;
+    case Qt::Key_Down:
+      key = control::Keyboard::Down;
+      break;
+    case Qt::Key_Left:
+      key = control::Keyboard::Left;
+      break;
+    case Qt::Key_Right:
+      key = control::Keyboard::Right;
+      break;
+    case Qt::Key_Space:
+      key = control::Keyboard::Space;
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      key = control::Keyboard::Enter;
+      break;
+    case Qt::Key_Escape:
+      key = control::Keyboard::Escape;
+      break;
+    default:
+      break;
+  }
+  std::string name = control::keyboardKey(key);
+  if (name.empty()) {
+    QMainWindow::keyPressEvent(event);
+    return;
+  }
+  pressKey(name);
+  event->accept();
+}
+
+void VirtualControlWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::WindowStateChange && isMinimized() &&
+      vc_->options.miniViewWhenMinimized)
+    showMiniView();
+  QMainWindow::changeEvent(event);
+}
+
+void VirtualControlWindow::closeEvent(QCloseEvent* event) {
+  if (!closing_) {
+    closing_ = true;
+    refresh_->stop();
+    log_->syncOptions();
+    if (mini_) mini_->close();
+    vc_->close();
+  }
+  event->accept();
+}
+
+VirtualControlWindow* openVirtualControl(QWidget* parent, SettingsStore& settings,
+                                         Feedback& feedback, const std::string& dataFolder,
+                                         control::Family family) {
+  auto* w = new VirtualControlWindow(family, settings, feedback, dataFolder, parent);
+  w->setAttribute(Qt::WA_DeleteOnClose);
+  w->setWindowFlag(Qt::Window);
+  w->show();
+  return w;
+}
+
+}  // namespace zel::ui
