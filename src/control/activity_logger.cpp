@@ -368,6 +368,12 @@ void ActivityLogger::deleteLogFile() {
   if (!options_.logFilePath.empty()) std::remove(options_.logFilePath.c_str());
 }
 
+std::string ActivityLogger::searchFrequency(int row, std::string_view storedUser) const {
+  if (storedUser.empty()) return {};
+  const std::string& f = page.cell(row, logColumns(family_).frequency);
+  return f.find('.') == std::string::npos ? std::string() : f;
+}
+
 void ActivityLogger::loadPage() {
   if (!gridIniPath.empty()) page.readIni(gridIniPath);
 }

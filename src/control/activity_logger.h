@@ -64,6 +64,10 @@ class ActivityLogger {
   void clearLog();                        // asks first
   void deleteLogFile();                   // asks first
 
+  // "Fr.Search": the frequency of a page row for the RadioReference frequency search, when
+  // a user name is stored and the row's frequency holds a point; "" otherwise.
+  std::string searchFrequency(int row, std::string_view storedUser) const;
+
   // Reads the page back from the ini file (a missing file is skipped).
   void loadPage();
 

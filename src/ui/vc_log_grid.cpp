@@ -62,7 +62,8 @@ LogPanel::LogPanel(control::VirtualControl& vc, QWidget* parent) : QWidget(paren
   auto* clear = new QPushButton("Clear Log", this);
   auto* file = new QPushButton("Log File...", this);
   auto* remove = new QPushButton("Delete Log File", this);
-  for (auto* b : {save, clear, file, remove}) buttons->addWidget(b);
+  auto* search = new QPushButton("Fr.Search", this);
+  for (auto* b : {save, clear, search, file, remove}) buttons->addWidget(b);
   buttons->addStretch();
   layout->addLayout(buttons);
 
@@ -115,6 +116,11 @@ LogPanel::LogPanel(control::VirtualControl& vc, QWidget* parent) : QWidget(paren
   });
   connect(file, &QPushButton::clicked, this, [this] { chooseLogFile(); });
   connect(remove, &QPushButton::clicked, this, [this] { vc_.logger.deleteLogFile(); });
+  connect(search, &QPushButton::clicked, this, [this] {
+    if (!onFrequencySearch || !storedUser) return;
+    std::string f = vc_.logger.searchFrequency(grid_->currentIndex().row() + 1, storedUser());
+    if (!f.empty()) onFrequencySearch(f);
+  });
   for (QCheckBox* c : {logToFile_, logSubtones_, debug_})
     connect(c, &QCheckBox::toggled, this, [this] { syncOptions(); });
   for (QComboBox* c : {action_, resumeAfter_})

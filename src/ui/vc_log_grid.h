@@ -5,6 +5,8 @@
 
 #include <QAbstractTableModel>
 #include <QWidget>
+#include <functional>
+#include <string>
 
 #include "control/virtual_control.h"
 
@@ -42,6 +44,10 @@ class LogPanel : public QWidget {
   void syncOptions();
   // The site analysis capture text, for the window's refresh tick.
   void refresh();
+  // "Fr.Search": the owner opens the RadioReference frequency search with the frequency of
+  // the selected row. Without a stored user name nothing happens.
+  std::function<void(const std::string& frequency)> onFrequencySearch;
+  std::function<std::string()> storedUser;
 
  private:
   void chooseLogFile();

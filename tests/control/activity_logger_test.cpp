@@ -327,6 +327,18 @@ TEST(ActivityLogger, DeletingTheLogFileAsksFirst) {
   EXPECT_FALSE(std::filesystem::exists(folder.file("log.csvx")));
 }
 
+TEST(ActivityLogger, FrequencySearchNeedsAUserAndAFrequencyWithAPoint) {
+  LoggerRig rig;
+  rig.vc->options.logSubtones = false;
+  rig.transmission("0154.4300", "Dispatch");
+  rig.glg(glgReply("2412", "Ops"));
+  rig.vc->logger.onTimer3();
+  EXPECT_EQ(rig.vc->logger.searchFrequency(2, "user"), "154.4300");
+  EXPECT_EQ(rig.vc->logger.searchFrequency(2, ""), "");
+  EXPECT_EQ(rig.vc->logger.searchFrequency(1, "user"), "");  // a talkgroup row
+  EXPECT_EQ(rig.vc->logger.searchFrequency(500, "user"), "");
+}
+
 TEST(ActivityLogger, TheSdsPageHasAnExtraInfoColumn) {
   LoggerRig rig(Family::Sds);
   rig.vc->status.ldat[ld::kSystemType] = "P25 Standard";
