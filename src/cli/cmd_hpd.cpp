@@ -2,51 +2,31 @@
 //   zel hpd info FILE [--json]   what a file holds, and one line per system
 //   zel hpd convert IN OUT       read IN into a fresh document and save it as OUT
 //   zel hpd check FILE           lines a read passes over, values a save would change
-#include <cstdlib>
-#include <filesystem>
+//
+// Each command works on a document of its own whose rows stay in memory, so it never
+// touches the page files of a running desktop session.
 #include <iostream>
+#include <memory>
 #include <string>
 
 #include "cli/command_registry.h"
 #include "core/document.h"
 #include "core/memory_ports.h"
-#include "core/page_files.h"
 #include "formats/hpd_check.h"
 #include "formats/hpd_reader.h"
 #include "formats/hpd_writer.h"
+#include "formats/row_store.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace zel;
 using namespace zel::formats;
 
-// The page folder of a one-off document: made empty, removed at the end, so that the
-// command never touches the pages of a running desktop session.
-class ScratchPages {
- public:
-  ScratchPages() {
-    std::string pattern = (fs::temp_directory_path() / "zel-hpd-XXXXXX").string();
-    if (char* made = mkdtemp(pattern.data())) folder_ = made;
-    if (folder_.empty()) throw cli::UserError{"Cannot make a temporary folder for the pages."};
-    pages_ = std::make_unique<PageFiles>(folder_);
-  }
-  ~ScratchPages() {
-    std::error_code ec;
-    fs::remove_all(folder_, ec);
-  }
-  PageFiles& pages() { return *pages_; }
-
- private:
-  std::string folder_;
-  std::unique_ptr<PageFiles> pages_;
-};
-
-HpdReadResult readOrFail(Document& doc, PageFiles& pages, const std::string& path) {
+HpdReadResult readOrFail(Document& doc, RowStore& rows, const std::string& path) {
   RecordingFeedback quiet;
   HpdReadOptions options;
   options.fileIndex = 1;
-  HpdReadResult read = readHpd(doc, pages, path, options, quiet);
+  HpdReadResult read = readHpd(doc, rows, path, options, quiet);
   if (!read.ok()) throw cli::UserError{read.message};
   return read;
 }
@@ -67,9 +47,9 @@ ZEL_COMMAND(30) {
   infoCmd->add_option("FILE", info->file, "The .hpd file")->required();
   infoCmd->add_flag("--json", info->json, "Print a JSON object");
   infoCmd->callback([info] {
-    ScratchPages scratch;
     Document doc;
-    HpdReadResult read = readOrFail(doc, scratch.pages(), info->file);
+    MemoryRows rows;
+    HpdReadResult read = readOrFail(doc, rows, info->file);
     std::vector<HpdSystemInfo> systems = systemsRead(doc, read);
     std::cout << (info->json ? formatInfoJson(info->file, read, systems)
                              : formatInfo(info->file, read, systems));
@@ -85,13 +65,13 @@ ZEL_COMMAND(30) {
   convertCmd->add_option("IN", convert->in, "The file to read")->required();
   convertCmd->add_option("OUT", convert->out, "The file to write")->required();
   convertCmd->callback([convert] {
-    ScratchPages scratch;
     Document doc;
-    readOrFail(doc, scratch.pages(), convert->in);
+    MemoryRows rows;
+    readOrFail(doc, rows, convert->in);
     RecordingFeedback quiet;
     HpdWriteOptions options;
     options.fileIndex = 1;
-    HpdWriteResult written = writeHpd(doc, scratch.pages(), convert->out, options, quiet);
+    HpdWriteResult written = writeHpd(doc, rows, convert->out, options, quiet);
     if (!written.ok()) throw cli::UserError{written.message};
     std::cout << "Wrote " << written.path << ": " << written.systems << " systems\n";
   });
@@ -101,10 +81,10 @@ ZEL_COMMAND(30) {
       hpd->add_subcommand("check", "Lines a read skips and values a save would move to a default");
   checkCmd->add_option("FILE", *checkFile, "The .hpd file")->required();
   checkCmd->callback([checkFile] {
-    ScratchPages scratch;
     Document doc;
+    MemoryRows rows;
     RecordingFeedback quiet;
-    HpdCheck check = checkHpd(doc, scratch.pages(), *checkFile, quiet);
+    HpdCheck check = checkHpd(doc, rows, *checkFile, quiet);
     if (!check.read.ok()) throw cli::UserError{check.read.message};
     std::cout << formatCheck(check);
   });

@@ -52,18 +52,18 @@ std::vector<HpdSystemInfo> systemsRead(const Document& doc, const HpdReadResult&
   return out;
 }
 
-HpdCheck checkHpd(Document& doc, PageFiles& pages, const std::string& path, Feedback& feedback) {
+HpdCheck checkHpd(Document& doc, RowStore& rows, const std::string& path, Feedback& feedback) {
   HpdCheck check;
   HpdReadOptions options;
   options.fileIndex = 1;
-  check.read = readHpd(doc, pages, path, options, feedback);
+  check.read = readHpd(doc, rows, path, options, feedback);
   if (!check.read.ok()) return check;
   if (doc.data.empty()) return check;
   HpdWriteOptions writeOptions;
   writeOptions.fileIndex = 1;
   writeOptions.audit = &check.audit;
   HpdWriteResult ignored;
-  renderHpd(doc, pages, writeOptions, feedback, ignored);
+  renderHpd(doc, rows, writeOptions, feedback, ignored);
   return check;
 }
 

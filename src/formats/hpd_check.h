@@ -28,8 +28,8 @@ struct HpdCheck {
 };
 
 // Reads the file into `doc` (a fresh document is meant) and renders a save into memory with
-// an audit. Nothing is written but the page files of `pages`.
-HpdCheck checkHpd(Document& doc, PageFiles& pages, const std::string& path, Feedback& feedback);
+// an audit. Nothing is written but the rows of `rows`.
+HpdCheck checkHpd(Document& doc, RowStore& rows, const std::string& path, Feedback& feedback);
 
 // The plain text report of a check.
 std::string formatCheck(const HpdCheck& check);

@@ -222,6 +222,21 @@ std::string frequencyFromFile(std::string_view digits) {
 }
 
 std::string frequencyToFile(std::string_view mhz) {
+  // The cell form "154.785000" (up to four whole digits, six decimals) needs no arithmetic:
+  // the digits without the point are the Hertz.
+  const std::size_t dot = mhz.find('.');
+  if (dot != std::string_view::npos && dot >= 1 && dot <= 4 && mhz.size() == dot + 7) {
+    char digits[16];
+    std::size_t n = 0;
+    bool plain = true;
+    for (std::size_t i = 0; i < mhz.size() && plain; ++i) {
+      if (i == dot) continue;
+      const char c = mhz[i];
+      plain = c >= '0' && c <= '9';
+      if (n > 0 || c != '0') digits[n++] = c;
+    }
+    if (plain) return n == 0 ? std::string("0") : std::string(digits, n);
+  }
   if (trimView(mhz).empty()) return {};
   return scaleToWhole(mhz, 6);
 }
@@ -312,16 +327,16 @@ bool labelIsNxdn(std::string_view label) {
 
 void splitFields(std::string_view line, std::vector<std::string_view>& out) {
   out.clear();
+  // Fields are short: a plain walk beats a library search per field.
+  const char* data = line.data();
   std::size_t start = 0;
-  while (true) {
-    std::size_t comma = line.find(',', start);
-    if (comma == std::string_view::npos) {
-      out.push_back(line.substr(start));
-      return;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (data[i] == ',') {
+      out.emplace_back(data + start, i - start);
+      start = i + 1;
     }
-    out.push_back(line.substr(start, comma - start));
-    start = comma + 1;
   }
+  out.emplace_back(data + start, line.size() - start);
 }
 
 }  // namespace zel::formats

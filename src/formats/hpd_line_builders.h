@@ -44,6 +44,10 @@ struct BuildContext {
   WriteAudit* audit = nullptr;
 };
 
+// A channel row appended to `out` as a "C-Freq" line (no line end); false, and nothing
+// appended, for a row without a frequency. The TGID builder alike for a talkgroup row.
+bool appendCFreqLine(std::string& out, std::string_view pageRow, const BuildContext& context);
+bool appendTgidLine(std::string& out, std::string_view pageRow, const BuildContext& context);
 // A channel row to a "C-Freq" line; "" for a row without a frequency.
 std::string buildCFreqLine(std::string_view pageRow, const BuildContext& context);
 // A talkgroup row to a "TGID" line; "" for a row without a talkgroup.

@@ -49,14 +49,23 @@ std::string_view nthField(std::string_view line, int n) {
   return line.substr(start, line.find(',', start) - start);
 }
 
+// The editor's form of a file line: its commas become ";", its TABs the field commas.
+constexpr std::array<char, 256> kCommaForm = [] {
+  std::array<char, 256> map{};
+  for (int c = 0; c < 256; ++c) map[c] = static_cast<char>(c);
+  map[','] = ';';
+  map['\t'] = ',';
+  return map;
+}();
+
 enum class SystemClass { None, Conventional, Trunked };
 
 class Reader {
  public:
-  Reader(Document& doc, PageFiles& pages, const std::string& path, const HpdReadOptions& options,
+  Reader(Document& doc, RowStore& rows, const std::string& path, const HpdReadOptions& options,
          Feedback& feedback, HpdReadResult& result)
       : doc_(doc),
-        pages_(pages),
+        rows_(rows),
         path_(path),
         options_(options),
         feedback_(feedback),
@@ -91,7 +100,7 @@ class Reader {
   void openFileRecord();
 
   Document& doc_;
-  PageFiles& pages_;
+  RowStore& rows_;
   const std::string& path_;
   const HpdReadOptions& options_;
   Feedback& feedback_;
@@ -135,18 +144,15 @@ class Reader {
 void Reader::run(std::string_view content) {
   if (content.size() >= 3 && content.substr(0, 3) == "\xEF\xBB\xBF") content.remove_prefix(3);
   if (options_.requireHeader) {
-    std::string_view first;
-    bool any = false;
-    forEachLine(content, [&](std::string_view line) {
-      if (!any && !trimView(line).empty()) {
-        first = line;
-        any = true;
-      }
-    });
     // An empty file is a list without systems; anything else must begin with its header.
-    if (any && !startsWith(first, "TargetModel")) {
-      fail(HpdReadStatus::NotCompatible, std::string(kNotCompatible));
-      return;
+    std::size_t start = content.find_first_not_of(" \t\r\n");
+    if (start != std::string_view::npos) {
+      start = content.find_last_of("\r\n", start);
+      start = start == std::string_view::npos ? 0 : start + 1;
+      if (!startsWith(content.substr(start), "TargetModel")) {
+        fail(HpdReadStatus::NotCompatible, std::string(kNotCompatible));
+        return;
+      }
     }
   }
 
@@ -159,14 +165,9 @@ void Reader::run(std::string_view content) {
     if (failed_) return;
     ++lineNumber_;
     ++result_.counts.lines;
-    converted.assign(line);
-    for (char& c : converted) {
-      if (c == ',') {
-        c = ';';
-      } else if (c == '\t') {
-        c = ',';
-      }
-    }
+    converted.resize(line.size());
+    const unsigned char* from = reinterpret_cast<const unsigned char*>(line.data());
+    for (std::size_t i = 0; i < line.size(); ++i) converted[i] = kCommaForm[from[i]];
     handle(converted, line);
   });
   if (failed_) return;
@@ -466,12 +467,12 @@ void Reader::onUnitId(std::string_view line, std::string_view original) {
 void Reader::flushRows() {
   if (pendingRows_.empty() || failed_) return;
   const std::string& key = departmentKey_;
-  if (!pages_.appendAll(key, pendingRows_)) {
-    fail(HpdReadStatus::PageError, "Could not write the page file " + pages_.pathOf(key));
+  if (!rows_.take(key, std::move(pendingRows_))) {
+    fail(HpdReadStatus::PageError, "Could not write the page file " + rows_.where(key));
     return;
   }
   pagesWritten_.push_back(key);
-  pendingRows_.clear();
+  pendingRows_ = {};
 }
 
 void Reader::fail(HpdReadStatus status, std::string message) {
@@ -492,24 +493,24 @@ void Reader::rollBack() {
     NodeId n = doc_.frequencies.find(key);
     if (n != kNoNode) doc_.frequencies.setText(n, text);
   }
-  for (const std::string& key : pagesWritten_) pages_.remove(key);
+  for (const std::string& key : pagesWritten_) rows_.remove(key);
   pendingRows_.clear();
   if (fileRowSaved_) doc_.files.row(options_.fileIndex) = fileRowBefore_;
 }
 
 }  // namespace
 
-HpdReadResult readHpdText(Document& doc, PageFiles& pages, std::string_view content,
+HpdReadResult readHpdText(Document& doc, RowStore& rows, std::string_view content,
                           const std::string& path, const HpdReadOptions& options,
                           Feedback& feedback) {
   HpdReadResult result;
-  Reader reader(doc, pages, path, options, feedback, result);
+  Reader reader(doc, rows, path, options, feedback, result);
   reader.run(content);
   if (!result.ok()) feedback.message(result.message);
   return result;
 }
 
-HpdReadResult readHpd(Document& doc, PageFiles& pages, const std::string& path,
+HpdReadResult readHpd(Document& doc, RowStore& rows, const std::string& path,
                       const HpdReadOptions& options, Feedback& feedback) {
   std::optional<std::string> content = readWholeFile(path);
   if (!content) {
@@ -519,7 +520,20 @@ HpdReadResult readHpd(Document& doc, PageFiles& pages, const std::string& path,
     feedback.message(result.message);
     return result;
   }
-  return readHpdText(doc, pages, *content, path, options, feedback);
+  return readHpdText(doc, rows, *content, path, options, feedback);
+}
+
+HpdReadResult readHpdText(Document& doc, PageFiles& pages, std::string_view content,
+                          const std::string& path, const HpdReadOptions& options,
+                          Feedback& feedback) {
+  PageFileRows rows(pages);
+  return readHpdText(doc, rows, content, path, options, feedback);
+}
+
+HpdReadResult readHpd(Document& doc, PageFiles& pages, const std::string& path,
+                      const HpdReadOptions& options, Feedback& feedback) {
+  PageFileRows rows(pages);
+  return readHpd(doc, rows, path, options, feedback);
 }
 
 }  // namespace zel::formats

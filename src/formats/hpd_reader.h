@@ -16,6 +16,7 @@
 #include "core/page_files.h"
 #include "core/ports.h"
 #include "formats/hpd_format.h"
+#include "formats/row_store.h"
 
 namespace zel::formats {
 
@@ -83,6 +84,13 @@ HpdReadResult readHpd(Document& doc, PageFiles& pages, const std::string& path,
 // The same on text already in memory; `path` names the file for the open-file record and
 // the companion file ("" for none).
 HpdReadResult readHpdText(Document& doc, PageFiles& pages, std::string_view content,
+                          const std::string& path, const HpdReadOptions& options,
+                          Feedback& feedback);
+
+// The same with the rows kept in any row store (memory for a one-off document).
+HpdReadResult readHpd(Document& doc, RowStore& rows, const std::string& path,
+                      const HpdReadOptions& options, Feedback& feedback);
+HpdReadResult readHpdText(Document& doc, RowStore& rows, std::string_view content,
                           const std::string& path, const HpdReadOptions& options,
                           Feedback& feedback);
 

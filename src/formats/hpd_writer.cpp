@@ -30,14 +30,9 @@ constexpr std::string_view kSaveError = "There was an error saving this file: ";
 
 class Walk {
  public:
-  Walk(Document& doc, const PageFiles& pages, const HpdWriteOptions& options, Feedback& feedback,
+  Walk(Document& doc, const RowStore& rows, const HpdWriteOptions& options, Feedback& feedback,
        std::string& out)
-      : doc_(doc),
-        tree_(doc.data),
-        pages_(pages),
-        options_(options),
-        feedback_(feedback),
-        out_(out) {
+      : doc_(doc), tree_(doc.data), rows_(rows), options_(options), feedback_(feedback), out_(out) {
     context_.level = writeLevel(doc);
     context_.serviceFallback = options.serviceFallback;
     context_.audit = options.audit;
@@ -62,7 +57,7 @@ class Walk {
 
   Document& doc_;
   DocumentTree& tree_;
-  const PageFiles& pages_;
+  const RowStore& rows_;
   const HpdWriteOptions& options_;
   Feedback& feedback_;
   std::string& out_;
@@ -179,14 +174,16 @@ void Walk::department(NodeId group, bool talkgroups, const std::string& number) 
   line(buildGroupLine(text, talkgroups, tree_.index(group), number, context_));
   const std::string& key = tree_.key(group);
   int row = 0;
-  for (const std::string& pageRow : pages_.load(key)) {
+  rows_.visit(key, [&](std::string_view pageRow) {
     ++row;
     if (context_.audit) {
       where("System \"" + systemName_ + "\", department \"" + groupName + "\", row " +
             std::to_string(row));
     }
-    line(talkgroups ? buildTgidLine(pageRow, context_) : buildCFreqLine(pageRow, context_));
-  }
+    const bool written = talkgroups ? appendTgidLine(out_, pageRow, context_)
+                                    : appendCFreqLine(out_, pageRow, context_);
+    if (written) out_.append("\r\n");
+  });
 }
 
 std::string uniquePath(std::string path) {
@@ -205,21 +202,24 @@ HpdLevel writeLevel(const Document& doc) {
   return doc.x36Mode ? HpdLevel::V3 : HpdLevel::V2;
 }
 
-std::string renderHpd(Document& doc, const PageFiles& pages, const HpdWriteOptions& options,
+std::string renderHpd(Document& doc, const RowStore& rows, const HpdWriteOptions& options,
                       Feedback& feedback, HpdWriteResult& result) {
   std::string out;
+  // Room for the whole file at once: a row line is about as long as its row, a node's line
+  // rarely longer than 160 characters.
+  out.reserve(rows.sizeHint() + rows.sizeHint() / 8 + doc.data.count() * 160 + 4096);
   result.level = writeLevel(doc);
   if (doc.data.empty()) {
     result.status = HpdWriteStatus::NothingToSave;
     result.message = std::string(kNothingToSave);
     return out;
   }
-  Walk walk(doc, pages, options, feedback, out);
+  Walk walk(doc, rows, options, feedback, out);
   result.systems = walk.run();
   return out;
 }
 
-HpdWriteResult writeHpd(Document& doc, const PageFiles& pages, const std::string& path,
+HpdWriteResult writeHpd(Document& doc, const RowStore& rows, const std::string& path,
                         const HpdWriteOptions& options, Feedback& feedback) {
   HpdWriteResult result;
   if (doc.data.empty()) {
@@ -229,7 +229,7 @@ HpdWriteResult writeHpd(Document& doc, const PageFiles& pages, const std::string
     return result;
   }
   result.path = options.uniqueName ? uniquePath(path) : path;
-  std::string text = renderHpd(doc, pages, options, feedback, result);
+  std::string text = renderHpd(doc, rows, options, feedback, result);
 
   WriteStatus written = writeFileAtomically(result.path, text);
   if (!written.ok) {
@@ -259,6 +259,16 @@ HpdWriteResult writeHpd(Document& doc, const PageFiles& pages, const std::string
   doc.changed = false;
   feedback.progress("Done Saving.");
   return result;
+}
+
+std::string renderHpd(Document& doc, const PageFiles& pages, const HpdWriteOptions& options,
+                      Feedback& feedback, HpdWriteResult& result) {
+  return renderHpd(doc, PageFileRows(pages), options, feedback, result);
+}
+
+HpdWriteResult writeHpd(Document& doc, const PageFiles& pages, const std::string& path,
+                        const HpdWriteOptions& options, Feedback& feedback) {
+  return writeHpd(doc, PageFileRows(pages), path, options, feedback);
 }
 
 }  // namespace zel::formats

@@ -14,6 +14,7 @@
 #include "core/ports.h"
 #include "formats/hpd_format.h"
 #include "formats/hpd_line_builders.h"
+#include "formats/row_store.h"
 
 namespace zel::formats {
 
@@ -48,6 +49,12 @@ HpdWriteResult writeHpd(Document& doc, const PageFiles& pages, const std::string
 // The text the writer would put in a file (CR LF ends), without touching the disk or the
 // open-file table. `result.status` tells whether there was anything to save.
 std::string renderHpd(Document& doc, const PageFiles& pages, const HpdWriteOptions& options,
+                      Feedback& feedback, HpdWriteResult& result);
+
+// The same with the rows in any row store.
+HpdWriteResult writeHpd(Document& doc, const RowStore& rows, const std::string& path,
+                        const HpdWriteOptions& options, Feedback& feedback);
+std::string renderHpd(Document& doc, const RowStore& rows, const HpdWriteOptions& options,
                       Feedback& feedback, HpdWriteResult& result);
 
 // The level a save writes in the document's mode.

@@ -3,6 +3,7 @@
 // a failed save never leaves a cut file where the user's file was.
 #pragma once
 
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,20 +26,23 @@ WriteStatus writeFileAtomically(const std::string& path, std::string_view conten
 // end counts; an end at the very end of the text adds no empty line.
 std::vector<std::string_view> splitLines(std::string_view text);
 
-// Calls `fn(line)` for each line as splitLines() would cut them, without a vector.
+// Calls `fn(line)` for each line as splitLines() would cut them, without a vector. The
+// search for line ends runs on memchr, which matters for files of megabytes.
 template <typename Fn>
 void forEachLine(std::string_view text, Fn&& fn) {
-  std::size_t pos = 0;
-  const std::size_t n = text.size();
-  while (pos < n) {
-    std::size_t end = pos;
-    while (end < n && text[end] != '\r' && text[end] != '\n') ++end;
-    fn(text.substr(pos, end - pos));
-    if (end < n && text[end] == '\r' && end + 1 < n && text[end + 1] == '\n') {
-      pos = end + 2;
-    } else {
-      pos = end + 1;
+  const char* p = text.data();
+  const char* const end = p + text.size();
+  while (p < end) {
+    const char* lf = static_cast<const char*>(std::memchr(p, '\n', end - p));
+    const char* stop = lf ? lf : end;
+    // A CR before the LF belongs to it; any other CR ends a line of its own.
+    const char* lineEnd = (lf && lf > p && lf[-1] == '\r') ? lf - 1 : stop;
+    while (const char* cr = static_cast<const char*>(std::memchr(p, '\r', lineEnd - p))) {
+      fn(std::string_view(p, cr - p));
+      p = cr + 1;
     }
+    if (p < lineEnd || lf) fn(std::string_view(p, lineEnd - p));
+    p = lf ? lf + 1 : end;
   }
 }
 

@@ -113,8 +113,9 @@ INSTANTIATE_TEST_SUITE_P(Cards, RealHpd, ::testing::ValuesIn(realFiles()), testN
 
 TEST(RealHpdCheck, TheLargestStateFileNeedsNoLineSkippedAndFewValuesMoved) {
   test::Scratch s;
+  MemoryRows rows;
   HpdCheck check =
-      checkHpd(s.doc, s.pages, kRoot + "/card_sds200/BCDx36HP/HPDB/s_000006.hpd", s.feedback);
+      checkHpd(s.doc, rows, kRoot + "/card_sds200/BCDx36HP/HPDB/s_000006.hpd", s.feedback);
   ASSERT_TRUE(check.read.ok());
   EXPECT_TRUE(check.read.skipped.empty());
   EXPECT_EQ(check.read.notKept.at("AreaState"), 689);
