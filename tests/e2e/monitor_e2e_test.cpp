@@ -71,7 +71,7 @@ TEST(MonitorE2E, SdsFamilyReadsTheXmlAndReportsAsJson) {
   ASSERT_EQ(m.exitCode, 0) << m.err;
   EXPECT_NE(m.out.find("\"model\":\"SDS200\""), std::string::npos) << m.out;
   EXPECT_EQ(jsonNumber(m.out, "watchdogResets"), 0);
-  EXPECT_GT(jsonNumber(m.out, "repliesAccepted"), 40);  // 75 ms a query
+  EXPECT_GT(jsonNumber(m.out, "repliesAccepted"), 25);  // a query every 75 ms
   auto lines = jsonLines(m.out);
   ASSERT_FALSE(lines.empty()) << m.out;
   for (const auto& l : lines) {
