@@ -33,7 +33,10 @@ void MemoryRows::visit(std::string_view department,
 }
 
 void MemoryRows::remove(std::string_view department) {
-  rows_.erase(std::string(department));
+  auto it = rows_.find(std::string(department));
+  if (it == rows_.end()) return;
+  for (const std::string& row : it->second) bytes_ -= row.size() + 1;
+  rows_.erase(it);
 }
 
 bool MemoryRows::saveTo(const PageFiles& pages) const {
