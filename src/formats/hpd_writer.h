@@ -8,6 +8,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "core/document.h"
 #include "core/page_files.h"
@@ -17,6 +18,10 @@
 #include "formats/row_store.h"
 
 namespace zel::formats {
+
+// The save dialog's filter. Its three entries write the same form in the x36-family mode.
+inline constexpr std::string_view kHpdSaveFilter =
+    "HPD Files|*.hpd|HPD Files (HP1 format)|*.hpd|HPD Files (V1_0)|*.hpd";
 
 struct HpdWriteOptions {
   int fileIndex = 0;            // the open file whose systems are saved; 0 saves every system
