@@ -1,5 +1,7 @@
 #include "transfer/favorites_config.h"
 
+#include "formats/favorites_config.h"
+
 #include "core/text.h"
 #include "formats/text_file.h"
 
@@ -77,9 +79,7 @@ std::vector<FavoritesRow> parseFavoritesConfig(std::string_view text) {
 }
 
 std::string favoritesTag(bool isUbcdFolder, bool is3600) {
-  if (isUbcdFolder) return "F-List ";
-  if (is3600) return "F-1ist";
-  return "F-List";
+  return formats::favoritesListTag(isUbcdFolder, is3600);
 }
 
 std::string normaliseQuickKey(std::string_view value) {
@@ -90,29 +90,23 @@ std::string normaliseQuickKey(std::string_view value) {
 }
 
 std::string formatFavoritesConfig(const std::vector<FavoritesRow>& rows, std::string_view tag) {
-  std::string out = "TargetModel\tBCDx36HP\r\nFormatVersion\t1.00\r\n";
-  int number = 0;
+  // The card keeps its own bookkeeping per row (key, tag as read, state); the lines
+  // themselves are the configuration file's, written by the one formatter of the file.
+  std::vector<formats::FavoritesListRow> lines;
+  lines.reserve(rows.size());
   for (const auto& row : rows) {
-    ++number;
-    std::string line(tag);
-    line += '\t';
-    line += row.name.empty() ? "New system " + std::to_string(number) : row.name;
-    line += '\t' + row.file + '\t';
-    line += row.locationControl == "On" ? "On" : "Off";
-    line += '\t';
-    line += row.monitor == "Off" ? "Off" : "On";
-    line += '\t' + normaliseQuickKey(row.quickKey) + '\t';
-    line += row.numberTag.empty() ? std::string("Off") : normaliseQuickKey(row.numberTag);
-    line += '\t';
-    for (const std::string* group : {&row.startupKeys, &row.systemKeys}) {
-      for (char c : *group) {
-        if (c == '1') line += "On\t";
-        if (c == '0') line += "Off\t";
-      }
-    }
-    out += line + "\r\n";
+    formats::FavoritesListRow line;
+    line.name = row.name;
+    line.file = row.file;
+    line.monitor = row.monitor;
+    line.locationControl = row.locationControl;
+    line.quickKey = normaliseQuickKey(row.quickKey);
+    line.numberTag = row.numberTag.empty() ? std::string("Off") : normaliseQuickKey(row.numberTag);
+    line.startupKeys = row.startupKeys;
+    line.systemQuickKeys = row.systemKeys;
+    lines.push_back(std::move(line));
   }
-  return out;
+  return formats::formatFavoritesConfig(lines, tag);
 }
 
 }  // namespace zel::transfer
