@@ -52,14 +52,15 @@ std::string PageFiles::pathOf(std::string_view departmentKey) const {
 
 std::string PageFiles::scratchPath() const { return (fs::path(folder_) / "temp.tmp").string(); }
 
-bool PageFiles::exists(std::string_view departmentKey) const {
-  std::error_code ec;
-  return fs::exists(pathOf(departmentKey), ec);
+static std::size_t linesBytes(const std::vector<std::string>& lines) {
+  std::size_t total = 0;
+  for (const auto& l : lines) total += l.size() + 1;
+  return total;
 }
 
-std::vector<std::string> PageFiles::load(std::string_view departmentKey) const {
+static std::vector<std::string> readFileLines(const std::string& path) {
   std::vector<std::string> lines;
-  std::ifstream in(pathOf(departmentKey), std::ios::binary);
+  std::ifstream in(path, std::ios::binary);
   if (!in) return lines;
   std::string line;
   while (std::getline(in, line)) {
@@ -70,57 +71,108 @@ std::vector<std::string> PageFiles::load(std::string_view departmentKey) const {
   return lines;
 }
 
+PageFiles::Page* PageFiles::page(std::string_view departmentKey, bool create) const {
+  auto it = pages_.find(departmentKey);
+  if (it != pages_.end()) return &it->second;
+  std::vector<std::string> fromFile;
+  if (!authoritative_ && !emptied_.count(departmentKey)) fromFile = readFileLines(pathOf(departmentKey));
+  if (fromFile.empty() && !create) return nullptr;
+  bytes_ += linesBytes(fromFile);
+  Page& made = pages_[std::string(departmentKey)];
+  made.lines = std::move(fromFile);
+  return &made;
+}
+
+void PageFiles::forget(std::string_view departmentKey) const {
+  auto it = pages_.find(departmentKey);
+  if (it != pages_.end()) {
+    bytes_ -= linesBytes(it->second.lines);
+    pages_.erase(it);
+  }
+  emptied_.emplace(departmentKey);
+}
+
+bool PageFiles::exists(std::string_view departmentKey) const {
+  const Page* p = page(departmentKey, false);
+  return p && !p->lines.empty();
+}
+
+std::vector<std::string> PageFiles::load(std::string_view departmentKey) const {
+  const Page* p = page(departmentKey, false);
+  return p ? p->lines : std::vector<std::string>{};
+}
+
+void PageFiles::visit(std::string_view departmentKey,
+                      const std::function<void(std::string_view)>& fn) const {
+  if (const Page* p = page(departmentKey, false))
+    for (const std::string& line : p->lines) fn(line);
+}
+
 bool PageFiles::save(std::string_view departmentKey, const std::vector<std::string>& lines) const {
   std::error_code ec;
   fs::remove(scratchPath(), ec);
-  const std::string target = pathOf(departmentKey);
   if (lines.empty()) {
-    fs::remove(target, ec);
-    return !ec;
+    forget(departmentKey);
+    return true;
   }
-  const std::string partial = target + ".part";
-  if (!writeLines(partial, lines, std::ios::trunc)) {
-    fs::remove(partial, ec);
-    return false;
-  }
-  fs::rename(partial, target, ec);
-  if (ec) {
-    fs::remove(partial, ec);
-    return false;
-  }
+  Page* p = page(departmentKey, true);
+  bytes_ -= linesBytes(p->lines);
+  p->lines = lines;
+  p->dirty = true;
+  bytes_ += linesBytes(p->lines);
+  emptied_.erase(std::string(departmentKey));
   return true;
 }
 
 bool PageFiles::append(std::string_view departmentKey, std::string_view line) const {
-  return appendAll(departmentKey, {std::string(line)});
+  return appendAll(departmentKey, std::vector<std::string>{std::string(line)});
 }
 
 bool PageFiles::appendAll(std::string_view departmentKey,
                           const std::vector<std::string>& lines) const {
+  return appendAll(departmentKey, std::vector<std::string>(lines));
+}
+
+bool PageFiles::appendAll(std::string_view departmentKey, std::vector<std::string>&& lines) const {
   if (lines.empty()) return true;
-  return writeLines(pathOf(departmentKey), lines, std::ios::app);
+  Page* p = page(departmentKey, true);
+  bytes_ += linesBytes(lines);
+  if (p->lines.empty()) {
+    p->lines = std::move(lines);
+  } else {
+    p->lines.insert(p->lines.end(), std::make_move_iterator(lines.begin()),
+                    std::make_move_iterator(lines.end()));
+  }
+  p->dirty = true;
+  if (!emptied_.empty()) emptied_.erase(std::string(departmentKey));
+  return true;
 }
 
 bool PageFiles::remove(std::string_view departmentKey) const {
-  std::error_code ec;
-  return fs::remove(pathOf(departmentKey), ec);
+  const bool had = exists(departmentKey);
+  forget(departmentKey);
+  return had;
 }
 
 bool PageFiles::rename(std::string_view fromKey, std::string_view toKey) const {
-  if (!exists(fromKey)) return true;  // an empty department has no file to move
-  std::error_code ec;
-  fs::rename(pathOf(fromKey), pathOf(toKey), ec);
-  return !ec;
+  Page* from = page(fromKey, false);
+  if (!from) return true;  // an empty department has no rows to move
+  std::vector<std::string> lines = std::move(from->lines);
+  forget(fromKey);
+  return save(toKey, lines);
 }
 
 bool PageFiles::copy(std::string_view fromKey, std::string_view toKey) const {
-  if (!exists(fromKey)) return true;
-  std::error_code ec;
-  fs::copy_file(pathOf(fromKey), pathOf(toKey), fs::copy_options::overwrite_existing, ec);
-  return !ec;
+  const Page* from = page(fromKey, false);
+  if (!from) return true;
+  return save(toKey, std::vector<std::string>(from->lines));
 }
 
 void PageFiles::clearAll() const {
+  pages_.clear();
+  emptied_.clear();
+  bytes_ = 0;
+  authoritative_ = true;
   std::error_code ec;
   for (fs::directory_iterator it(folder_, ec), end; !ec && it != end; it.increment(ec)) {
     if (it->path().extension() == ".tmp") {
@@ -131,14 +183,45 @@ void PageFiles::clearAll() const {
 }
 
 std::vector<std::string> PageFiles::departments() const {
-  std::vector<std::string> out;
-  std::error_code ec;
-  for (fs::directory_iterator it(folder_, ec), end; !ec && it != end; it.increment(ec)) {
-    const fs::path& p = it->path();
-    if (p.extension() == ".tmp" && startsWith(p.filename().string(), "GRP-"))
-      out.push_back(p.stem().string());
+  std::set<std::string> out;
+  for (const auto& [key, p] : pages_)
+    if (!p.lines.empty()) out.insert(key);
+  if (!authoritative_) {
+    std::error_code ec;
+    for (fs::directory_iterator it(folder_, ec), end; !ec && it != end; it.increment(ec)) {
+      const fs::path& path = it->path();
+      std::string stem = path.stem().string();
+      if (path.extension() == ".tmp" && startsWith(stem, "GRP-") && !emptied_.count(stem) &&
+          !pages_.count(stem))
+        out.insert(std::move(stem));
+    }
   }
-  return out;
+  return {out.begin(), out.end()};
+}
+
+bool PageFiles::flush() const {
+  bool ok = true;
+  std::error_code ec;
+  for (const std::string& key : emptied_) fs::remove(pathOf(key), ec);
+  emptied_.clear();
+  for (auto& [key, p] : pages_) {
+    if (!p.dirty) continue;
+    const std::string target = pathOf(key);
+    const std::string partial = target + ".part";
+    if (!writeLines(partial, p.lines, std::ios::trunc)) {
+      fs::remove(partial, ec);
+      ok = false;
+      continue;
+    }
+    fs::rename(partial, target, ec);
+    if (ec) {
+      fs::remove(partial, ec);
+      ok = false;
+      continue;
+    }
+    p.dirty = false;
+  }
+  return ok;
 }
 
 bool PageFiles::rebuildKeyedRows(DocumentTree& work, std::string& error,

@@ -1,6 +1,6 @@
 // Where the reader puts a department's channel and talkgroup rows and where the writer
 // finds them again. A session keeps them in its page files; a document that lives only for
-// one command (a convert, a check, a card transfer) can keep them in memory.
+// one command (a convert, a check, a card transfer) can keep them in a plain map.
 #pragma once
 
 #include <functional>
@@ -42,9 +42,17 @@ class PageFileRows : public RowStore {
   bool append(std::string_view department, const std::vector<std::string>& rows) override {
     return pages_.appendAll(department, rows);
   }
+  bool take(std::string_view department, std::vector<std::string>&& rows) override {
+    return pages_.appendAll(department, std::move(rows));
+  }
   std::vector<std::string> load(std::string_view department) const override {
     return pages_.load(department);
   }
+  void visit(std::string_view department,
+             const std::function<void(std::string_view)>& fn) const override {
+    pages_.visit(department, fn);
+  }
+  std::size_t sizeHint() const override { return pages_.bytesHeld(); }
   void remove(std::string_view department) override { pages_.remove(department); }
   std::string where(std::string_view department) const override {
     return pages_.pathOf(department);

@@ -62,6 +62,32 @@ TEST(PageFiles, RebuildKeyedRowsTellsFrequenciesFromTalkgroups) {
   EXPECT_EQ(error, "error, temp memory is full");
 }
 
+TEST(PageFiles, RowsReachTheFilesOnlyAtFlushAndAnotherRunReadsThem) {
+  TestFolder dir;
+  {
+    PageFiles pages(dir.path());
+    pages.clearAll();
+    pages.appendAll("GRP-999-001-001", {"1,154.100000,a", "2,154.200000,b"});
+    pages.save("GRP-999-001-002", {"1,155.000000,z"});
+    EXPECT_FALSE(std::filesystem::exists(pages.pathOf("GRP-999-001-001")));
+    ASSERT_TRUE(pages.flush());
+    EXPECT_TRUE(std::filesystem::exists(pages.pathOf("GRP-999-001-001")));
+    // Emptied and renamed departments lose their files at the next flush.
+    pages.save("GRP-999-001-002", {});
+    ASSERT_TRUE(pages.rename("GRP-999-001-001", "GRP-999-002-001"));
+    ASSERT_TRUE(pages.flush());
+    EXPECT_FALSE(std::filesystem::exists(pages.pathOf("GRP-999-001-002")));
+    EXPECT_FALSE(std::filesystem::exists(pages.pathOf("GRP-999-001-001")));
+  }
+  PageFiles again(dir.path());
+  EXPECT_EQ(again.departments(), std::vector<std::string>{"GRP-999-002-001"});
+  EXPECT_EQ(again.load("GRP-999-002-001"),
+            (std::vector<std::string>{"1,154.100000,a", "2,154.200000,b"}));
+  ASSERT_TRUE(again.copy("GRP-999-002-001", "GRP-999-003-001"));
+  again.remove("GRP-999-002-001");
+  EXPECT_EQ(again.departments(), std::vector<std::string>{"GRP-999-003-001"});
+}
+
 TEST(PageFiles, MissingFolderIsMadeAndReadErrorsKeepWhatWasRead) {
   TestFolder dir;
   PageFiles pages((std::filesystem::path(dir.path()) / "a" / "b").string());
