@@ -295,8 +295,11 @@ std::optional<std::string> normaliseStep(std::string_view text, DecimalMark mark
   auto parsed = parseScaled(filtered, mark.sign());
   if (!parsed) return std::nullopt;
   Scaled kilo = *parsed;  // kHz, 1e-8 units
-  if (kilo < mhz(100)) kilo = mhz(100);
   Scaled hz = roundedQuotient(kilo, kMHz / 1000);
+  // The floor of 100 is in the Hz-like units: steps are typed in kHz (the step list runs
+  // from 1.0 to 100.0), and a floor of 100 kHz would turn every one of them into 100. Held
+  // in Hz, the floor only keeps a zero or a trace off the 1 kHz raster, so it ends at 2.5.
+  if (hz < 100) hz = 100;
   bool onRaster =
       hz % 1000 == 0 || hz % 8330 == 0 || hz % 8333 == 0 || hz % 2500 == 0 || hz % 3125 == 0;
   if (!onRaster) hz = hz >= 2500 ? (hz / 5000) * 5000 : 2500;

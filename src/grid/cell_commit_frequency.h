@@ -53,8 +53,8 @@ std::string completeTail(std::string padded);
 // The offset of a repeater: as a frequency up to the decimal sign, a whole part above 159
 // becomes 159, six decimals. nullopt when the text cannot be read (the cell stays).
 std::optional<std::string> normaliseOffset(std::string_view text, DecimalMark mark);
-// The channel step or spacing in kHz: at least 100, and off the 1, 8.33, 2.5 and 3.125 kHz
-// rasters truncated to 5 kHz (or 2.5 kHz below that). nullopt when unreadable.
+// The channel step or spacing in kHz: at least 100 Hz, and off the 1, 8.33, 2.5 and
+// 3.125 kHz rasters truncated to 5 kHz (or 2.5 kHz below that). nullopt when unreadable.
 std::optional<std::string> normaliseStep(std::string_view text, DecimalMark mark);
 
 }  // namespace zel::cell

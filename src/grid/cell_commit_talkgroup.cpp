@@ -10,8 +10,11 @@ namespace zel::cell {
 std::optional<std::string> toAfs(std::string_view talkgroup) {
   std::string_view t = trimView(talkgroup);
   if (t.empty() || t.find('-') != std::string_view::npos) return std::nullopt;
+  // Only a talkgroup that reads as a number is converted. Without a "-" no text can read
+  // below 0, so "reads 0 or above" is what keeps the other forms out: an individual ID
+  // ("i123") or a wildcard ("*") stays as it is instead of collapsing to "00-000".
+  if (!isPlainNumber(t)) return std::nullopt;
   double value = leadingNumber(t);
-  if (value < 0) return std::nullopt;
   // A small integer: halves go to the even neighbour, as the old integer conversion did.
   long n = std::lrint(std::min(value, 32767.0));
   if (n < 1) return std::string("00-000");

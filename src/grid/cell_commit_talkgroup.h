@@ -14,8 +14,8 @@
 
 namespace zel::cell {
 
-// Decimal to AFS. nullopt for a text that the conversion leaves alone (one that already
-// has a "-", one that reads below 0, an empty one).
+// Decimal to AFS. nullopt for a text that the conversion leaves alone: one that already
+// has a "-", one that is not a plain number ("i123", "*"), an empty one.
 std::optional<std::string> toAfs(std::string_view talkgroup);
 // AFS to decimal, four digits. nullopt for a text without a "-".
 std::optional<std::string> toDecimal(std::string_view talkgroup);

@@ -218,12 +218,15 @@ TEST(OffsetRule, SixDecimalsAndAWholePartUpTo159) {
   EXPECT_FALSE(normaliseOffset("1.2.3", DecimalMark::point()).has_value());
 }
 
-TEST(StepRule, AtLeast100AndOnAKnownRaster) {
+TEST(StepRule, TypedInKilohertzOnAKnownRaster) {
   struct Case {
     const char* in;
     const char* out;
   } cases[] = {
-      {"5", "100.000000"},       {"150.5", "150.000000"},
+      {"5", "5.000000"},         {"12.5", "12.500000"},
+      {"6.25", "6.250000"},      {"8.33", "8.330000"},
+      {"7.3", "5.000000"},       {"0.05", "2.500000"},
+      {"0", "2.500000"},         {"150.5", "150.000000"},
       {"152.5", "152.500000"},   {"101.1", "100.000000"},
       {"108.329", "108.329000"}, {"108.33", "105.000000"},
       {"112.5", "112.500000"},   {"103.125", "103.125000"},

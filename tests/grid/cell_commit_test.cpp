@@ -31,7 +31,7 @@ const HeadingCase kHeadings[] = {
     {"Offset Frequency", "0.6", "0.600000"},
     {"Latitude", "95", "90"},
     {"Longitude", "-200", "-180"},
-    {"Step:", "12.5", "100.000000"},
+    {"Step:", "12.5", "12.500000"},
     {"Spacing:", "112.5", "112.500000"},
     {"Talkgroup", "I1234", "i1234"},
     {"FIPS Code", "06-037", "06037"},
@@ -210,8 +210,9 @@ TEST(TalkgroupForms, ToAfs) {
   } cases[] = {{"100", "00-124"},  {"0", "00-000"},   {"2047", "15-157"}, {"3000", "15-157"},
                {"2046", "15-156"}, {"128", "01-000"}, {"9", "00-011"},    {"0.4", "00-000"}};
   for (const Case& c : cases) EXPECT_EQ(toAfs(c.in).value_or("?"), c.out) << c.in;
-  EXPECT_FALSE(toAfs("05-123").has_value());
-  EXPECT_FALSE(toAfs("").has_value());
+  // Texts that are not numbers keep their own form.
+  for (const char* kept : {"05-123", "", "i123", "*", "12ab"})
+    EXPECT_FALSE(toAfs(kept).has_value()) << kept;
 }
 
 TEST(TalkgroupForms, ToDecimal) {

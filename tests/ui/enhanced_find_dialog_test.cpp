@@ -1,0 +1,202 @@
+// Enhanced Find over a document of page files and the grid on show: the search started by
+// the window's timer, ORG/DUP rows, Select Dups with Delete Selected Channels, the stop
+// button against the progress bar, the review of locked rows and the Unlock submenu.
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeWidget>
+
+#include "core/record_line.h"
+#include "dialog_fixture.h"
+#include "ui/enhanced_find_dialog.h"
+
+using namespace zel;
+
+class EnhancedFindDialogTest : public QObject {
+  Q_OBJECT
+
+  template <typename T>
+  static T* child(QWidget* w, const char* name) {
+    T* found = w->findChild<T*>(name);
+    if (!found) qFatal("no widget %s", name);
+    return found;
+  }
+  static void click(QWidget* d, const char* name) {
+    QTest::mouseClick(child<QPushButton>(d, name), Qt::LeftButton);
+  }
+  static QStringList column(const QTreeWidget* list, int c) {
+    QStringList out;
+    for (int i = 0; i < list->topLevelItemCount(); ++i) out << list->topLevelItem(i)->text(c);
+    return out;
+  }
+
+ private slots:
+  void currentSystemComparesFrequenciesAsNumbersThroughTheTimer() {
+    test::DialogFixture f;
+    const int sys = f.addSystem();
+    const std::string shown = f.firstDepartment(sys);
+    f.fill(shown, {"1,154.100000,Fire Main,Off,NFM", "2,155.220000,Police,Off,FM"});
+    const std::string other = f.addDepartment(sys, {"1,154.1,Fire Two,Off,AM",
+                                                    "2,460.5,Works,Off,FM",
+                                                    "3,154.1000,Fire Three,Off,FM"});
+    const int sys2 = f.addSystem();
+    f.addDepartment(sys2, {"1,154.100000,Elsewhere,Off,FM", "2,155.220000,Far,Off,FM"});
+    GridPage* grid = f.show(shown);
+    ui::EnhancedFindDialog d(f.session, f.feedback, grid, f.onChange());
+
+    QVERIFY(d.startInCurrentSystem());
+    QCOMPARE(d.selector(), dups::Selector::FrequenciesOneSystem);
+    QVERIFY(d.isVisible());
+    QCOMPARE(d.windowTitle(), QString("Enhanced Find:"));
+    QTreeWidget* list = d.list();
+    // The search starts from a timer once the window is up.
+    QTRY_COMPARE(list->topLevelItemCount(), 3);
+    QCOMPARE(column(list, 1), (QStringList{"ORG:154.100000", "DUP:154.1", "DUP:154.1000"}));
+    QCOMPARE(column(list, 3), (QStringList{"Fire Main", "Fire Two", "Fire Three"}));
+    QCOMPARE(column(list, 2), (QStringList{"NFM", "AM", "FM"}));  // field 4
+    QCOMPARE(column(list, 8).first(), QString::fromStdString("FRQ-001-001-0001"));
+    QCOMPARE(d.progressBar()->value(), 100);
+    QVERIFY(f.feedback.messages.empty());
+
+    // "Active Bank" keeps to the department on show, which has no duplicate.
+    d.findChild<QWidget*>("optActiveBank")->setProperty("checked", true);
+    QVERIFY(d.prepare(dups::Selector::FrequenciesOneSystem));
+    d.runSearch();
+    QCOMPARE(list->topLevelItemCount(), 0);
+    (void)other;
+  }
+
+  void aSearchOfOneSystemNeedsASystem() {
+    test::DialogFixture f;
+    f.addSystem();
+    ui::EnhancedFindDialog d(f.session, f.feedback, nullptr, f.onChange());
+    QVERIFY(!d.startInCurrentSystem());
+    QVERIFY(!d.prepare(dups::Selector::TalkgroupsOneSystem));
+    QCOMPARE(f.feedback.messages,
+             (std::vector<std::string>{"Please click on a system first.",
+                                       "Please click on a system first."}));
+    QVERIFY(!d.isVisible());
+  }
+
+  void selectDupsAndDeleteLeaveOneRowOfEachGroup() {
+    test::DialogFixture f;
+    const int sys = f.addSystem();
+    const std::string shown = f.firstDepartment(sys);
+    f.fill(shown, {"1,154.100000,A,Off", "2,460.000000,B,Off", "3,154.100050,C,Off",
+                   "4,851.012500,D,Off"});
+    const int sys2 = f.addSystem();
+    const std::string page = f.addDepartment(sys2, {"1,851.0125,E,Off", "2,154.1,F,Off",
+                                                    "3,853.000000,G,Off", "4,851.012500,H,Off"});
+    GridPage* grid = f.show(shown);
+    ui::EnhancedFindDialog d(f.session, f.feedback, grid, f.onChange());
+    d.show();
+    QVERIFY(d.prepare(dups::Selector::FrequenciesAll));
+    d.runSearch();
+    // Four decimals as text: 154.100000, 154.100050 and 154.1 are one group.
+    QCOMPARE(column(d.list(), 1).filter("ORG:").size(), 2);
+    QCOMPARE(d.list()->topLevelItemCount(), 6);
+
+    click(&d, "cmdDelete");
+    QCOMPARE(f.feedback.messages.back(), std::string("Please select at least one duplicate."));
+
+    click(&d, "cmdSelectDups");
+    f.feedback.answers = {Answer::No};
+    click(&d, "cmdDelete");
+    QCOMPARE(f.feedback.questions.back(),
+             std::string("Warning|Are you sure you want to delete this data?\n"
+                         "Warning: data will be lost!"));
+    QCOMPARE(d.list()->topLevelItemCount(), 6);
+    QCOMPARE(f.reloads, 0);
+
+    f.feedback.answers = {Answer::Yes};
+    click(&d, "cmdDelete");
+    QCOMPARE(d.list()->topLevelItemCount(), 2);
+    QCOMPARE(f.reloads, 1);
+    QVERIFY(f.session.document().changed);
+    // What is left holds one channel of each group.
+    QStringList kept;
+    for (int r = 1; r < grid->rows(); ++r)
+      if (!grid->textMatrix(r, 1).empty()) kept << QString::fromStdString(grid->textMatrix(r, 2));
+    for (const std::string& line : f.session.pages().load(page))
+      kept << QString::fromStdString(record::field(line, 2));
+    kept.sort();
+    QCOMPARE(kept, (QStringList{"A", "B", "D", "G"}));
+
+    // The origins stay listed, their keys following the rows that moved up.
+    QCOMPARE(column(d.list(), 8), (QStringList{"FRQ-001-001-0001", "FRQ-001-001-0003"}));
+    QCOMPARE(grid->textMatrix(3, 2), std::string("D"));
+    QVERIFY(d.prepare(dups::Selector::FrequenciesAll));
+    d.runSearch();
+    QCOMPARE(d.list()->topLevelItemCount(), 0);
+  }
+
+  void theStopButtonEndsTheSearchWhereItStands() {
+    test::DialogFixture f;
+    const int sys = f.addSystem();
+    std::vector<std::string> lines;
+    // 1500 channels in pairs: every value twice.
+    for (int i = 0; i < 1500; ++i)
+      lines.push_back(std::to_string(i + 1) + "," + std::to_string(150 + (i % 750)) + ".500000,T" +
+                      std::to_string(i) + ",Off");
+    f.fill(f.firstDepartment(sys), lines);
+    GridPage* grid = f.show(f.firstDepartment(sys));
+    ui::EnhancedFindDialog d(f.session, f.feedback, grid, f.onChange());
+    d.show();
+
+    QVERIFY(d.prepare(dups::Selector::FrequenciesOneSystem));
+    d.runSearch();
+    const int whole = d.list()->topLevelItemCount();
+    QCOMPARE(whole, 1500);
+
+    std::vector<int> seen;
+    connect(d.progressBar(), &QProgressBar::valueChanged, &d, [&](int value) {
+      seen.push_back(value);
+      if (value >= 20 && d.searching()) click(&d, "cmdStop");
+    });
+    QVERIFY(d.prepare(dups::Selector::FrequenciesOneSystem));
+    d.runSearch();
+    QVERIFY(!d.searching());
+    QVERIFY(d.list()->topLevelItemCount() > 0);
+    QVERIFY(d.list()->topLevelItemCount() < whole);
+    QVERIFY(d.progressBar()->value() < 100);
+    QVERIFY(std::is_sorted(seen.begin(), seen.end()));
+  }
+
+  void reviewListsNoAvoidRowsAndTheUnlockSubmenuClearsThem() {
+    test::DialogFixture f;
+    const int sys = f.addSystem();
+    const std::string shown = f.firstDepartment(sys);
+    f.fill(shown, {"1,154.100000,A,On", "2,155.000000,B,Off"});
+    const std::string page = f.addDepartment(sys, {"1,460.000000,C,On"});
+    const int sys2 = f.addSystem();
+    const std::string far = f.addDepartment(sys2, {"1,453.000000,D,On"});
+    f.session.document().data.setText(
+        f.session.document().data.find(keys::system(sys)),
+        record::withField(treemod::getText(f.session.document().data, keys::system(sys)), 5,
+                          "1"));
+    GridPage* grid = f.show(shown);
+    ui::EnhancedFindDialog d(f.session, f.feedback, grid, f.onChange());
+
+    QVERIFY(d.start(dups::Selector::LockOut));
+    QCOMPARE(d.windowTitle(), QString("Review LockOut Data:"));
+    QVERIFY(!child<QPushButton>(&d, "cmdDelete")->isVisible());
+    QVERIFY(!child<QPushButton>(&d, "cmdSelectDups")->isVisible());
+    QVERIFY(child<QPushButton>(&d, "cmdUnlockSelected")->isVisible());
+    QTRY_COMPARE(d.progressBar()->value(), 100);
+    // The grids head their lock column "Avoid": the review finds nothing to list.
+    QCOMPARE(d.list()->topLevelItemCount(), 0);
+
+    QCOMPARE(d.unlock(dups::UnlockScope::ActiveSystem), 3);
+    QCOMPARE(test::DialogFixture::cell(grid, 1, "Avoid"), std::string("Off"));
+    QCOMPARE(record::field(f.session.pages().load(page).front(), 3), std::string("Off"));
+    QCOMPARE(record::field(f.session.pages().load(far).front(), 3), std::string("On"));
+    QCOMPARE(treemod::getField(f.session.document().data, keys::system(sys), 5),
+             std::string("0"));
+    QCOMPARE(f.reloads, 1);
+    QCOMPARE(d.unlock(dups::UnlockScope::ConventionalChannels), 1);
+    QCOMPARE(record::field(f.session.pages().load(far).front(), 3), std::string("Off"));
+  }
+};
+
+QTEST_MAIN(EnhancedFindDialogTest)
+#include "enhanced_find_dialog_test.moc"
