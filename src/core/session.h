@@ -105,6 +105,7 @@ class Session {
   PageFiles& pages() { return *pages_; }
   const SessionFolders& folders() const { return folders_; }
   SessionSettings& settings() { return settings_; }
+  const SessionSettings& settings() const { return settings_; }
   Settings& settingsCodec() { return codec_; }
   Feedback& feedback() { return feedback_; }
   Clock& clock() { return clock_; }
@@ -113,6 +114,9 @@ class Session {
   void setActiveFile(std::string path) { activeFile_ = std::move(path); }
   const std::string& activeProfile() const { return activeProfile_; }
   void setActiveProfile(std::string name) { activeProfile_ = std::move(name); }
+  // The file of the active profile, where Save Profile writes ("" when none is active).
+  const std::string& activeProfilePath() const { return activeProfilePath_; }
+  void setActiveProfilePath(std::string path) { activeProfilePath_ = std::move(path); }
   // Removes every system, the page files and the open files.
   void clearDocument();
   // Logs a tree problem to "tree_error.txt" in the data folder.
@@ -136,6 +140,7 @@ class Session {
   std::string startTime_;
   std::string activeFile_;
   std::string activeProfile_;
+  std::string activeProfilePath_;
 };
 
 }  // namespace zel

@@ -120,14 +120,14 @@ void MainWindow::later(const QString& caption) {
 void MainWindow::buildMenus() {
   QMenu* file = menuBar()->addMenu("&File");
   QMenu* fileNew = file->addMenu("&New");
-  for (const char* c : {"New HPD", "New File", "New Favourite"}) {
-    addCommand(fileNew, c, [this, c] { later(c); });
-  }
-  addCommand(file, "Open", [this] { later("Open"); }, QKeySequence::Open);
-  addCommand(file, "Save", [this] { later("Save"); }, QKeySequence::Save);
-  addCommand(file, "Save As", [this] { later("Save As"); }, QKeySequence::SaveAs);
-  addCommand(file, "Open Config File", [this] { later("Open Config File"); });
-  addCommand(file, "Save Config File", [this] { later("Save Config File"); });
+  addCommand(fileNew, "New HPD", [this] { newDocumentCommand(); }, QKeySequence::New);
+  addCommand(fileNew, "New File", [this] { newListCommand(); });
+  addCommand(fileNew, "New Favourite", [this] { newListCommand(); });
+  addCommand(file, "Open", [this] { openCommand(); }, QKeySequence::Open);
+  addCommand(file, "Save", [this] { saveCommand(); }, QKeySequence::Save);
+  addCommand(file, "Save As", [this] { saveAsCommand(); }, QKeySequence("Ctrl+Shift+A"));
+  addCommand(file, "Open Config File", [this] { openConfigCommand(); });
+  addCommand(file, "Save Config File", [this] { saveConfigCommand(); });
   QMenu* import = file->addMenu("&Import");
   for (const char* c : {"Import CSV File", "Import RSF File", "Import System(s) from Database",
                         "Import ZEL XT File", "Import ZEL396/996 File"}) {
@@ -168,9 +168,10 @@ void MainWindow::buildMenus() {
   addCommand(scanner, "Write Data", [this] { later("Write Data"); });
 
   QMenu* profile = menuBar()->addMenu("&Profile");
-  for (const char* c : {"Open Profile", "Save Profile", "Save Profile As", "Clear Profile Name"}) {
-    addCommand(profile, c, [this, c] { later(c); });
-  }
+  addCommand(profile, "Open Profile", [this] { openProfileCommand(); });
+  addCommand(profile, "Save Profile", [this] { saveProfileCommand(false); });
+  addCommand(profile, "Save Profile As", [this] { saveProfileCommand(true); });
+  addCommand(profile, "Clear Profile Name", [this] { clearProfileCommand(); });
 }
 
 QAction* MainWindow::action(const QString& caption) const {
@@ -207,11 +208,6 @@ void MainWindow::newDepartmentCommand() {
   if (!r.ok) return;
   refreshTree();
   selectKey(QString::fromStdString(r.key));
-}
-
-bool MainWindow::openPath(const QString& path) {
-  feedback_.message("File error: check if file exists:    " + toLatin1(path));
-  return false;
 }
 
 void MainWindow::refreshTree() {

@@ -35,8 +35,15 @@ class MainWindow : public QMainWindow, public SelectionHost {
   void refreshTree();
   // Selects a node of the visible tree by key, as a click would.
   bool selectKey(const QString& key);
-  // Opens a favorites list or profile; the file formats arrive with their own module.
+  // Opens a favorites list (.hpd) or a profile (.pfl) into the document.
   bool openPath(const QString& path);
+
+  // How the window asks for a file name; tests answer instead of a dialog. An empty answer
+  // cancels the command.
+  enum class FileAsk { Open, SaveAs, SaveUnsavedAs, OpenConfig, SaveConfig, OpenProfile,
+                       SaveProfileAs };
+  using FileChooser = std::function<QString(FileAsk, const QString& suggested)>;
+  void setFileChooser(FileChooser chooser) { chooser_ = std::move(chooser); }
 
   QTreeWidget* tree() const { return tree_; }
   QTableWidget* recordPane() const { return fields_; }
@@ -70,6 +77,20 @@ class MainWindow : public QMainWindow, public SelectionHost {
   void onFieldEdited(int row, int column);
   void updateStatus();
   void restoreGeometryFromSettings();
+  // File commands (main_window_files.cpp).
+  QString askFile(FileAsk ask, const QString& suggested);
+  void commitShown();
+  void afterFilesChanged();
+  void newDocumentCommand();
+  void newListCommand();
+  void openCommand();
+  void saveCommand();
+  void saveAsCommand();
+  void openConfigCommand();
+  void saveConfigCommand();
+  void openProfileCommand();
+  void saveProfileCommand(bool askName);
+  void clearProfileCommand();
 
   Session& session_;
   Feedback& feedback_;
@@ -88,6 +109,7 @@ class MainWindow : public QMainWindow, public SelectionHost {
   QSplitter* splitter_ = nullptr;
   std::map<QString, QAction*> actions_;
   bool filling_ = false;
+  FileChooser chooser_;
 };
 
 }  // namespace zel::ui

@@ -1,0 +1,174 @@
+// The File and Profile menus of the main window on a real favorites list: open, edit a
+// channel, save under a new name, start over, open the saved file and find the edit; the
+// profile and configuration commands over the same files.
+#include <QAbstractItemModel>
+#include <QTableView>
+#include <QTest>
+#include <QTreeWidget>
+#include <filesystem>
+#include <fstream>
+
+#include "core/memory_ports.h"
+#include "core/record_line.h"
+#include "core/tree_operations.h"
+#include "formats/text_file.h"
+#include "test_folder.h"
+#include "ui/main_window.h"
+
+using namespace zel;
+namespace fs = std::filesystem;
+
+class MainWindowFilesTest : public QObject {
+  Q_OBJECT
+
+  struct Fixture {
+    TestFolder dir;
+    MemorySettingsStore store;
+    RecordingFeedback feedback;
+    ManualClock clock;
+    Session session{store, feedback, clock, dir.file("data")};
+    std::unique_ptr<ui::MainWindow> window;
+    std::deque<QString> names;  // what the file dialogs answer, in turn
+    std::vector<ui::MainWindow::FileAsk> asked;
+    std::string list;  // a copy of the real card's list
+
+    Fixture() {
+      session.start(false);
+      window = std::make_unique<ui::MainWindow>(session, feedback);
+      window->setFileChooser([this](ui::MainWindow::FileAsk ask, const QString&) {
+        asked.push_back(ask);
+        if (names.empty()) return QString();
+        QString n = names.front();
+        names.pop_front();
+        return n;
+      });
+      window->show();
+      list = dir.file("cleveland.hpd");
+      fs::copy_file(std::string(ZEL_REALDATA_DIR) +
+                        "/card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd",
+                    list);
+      fs::permissions(list, fs::perms::owner_write, fs::perm_options::add);
+    }
+    QString q(const std::string& s) const { return QString::fromStdString(s); }
+    // The first conventional department of the document.
+    std::string conventionalDepartment() const {
+      const DocumentTree& t = session.document().data;
+      for (NodeId sys : treemod::walkSystems(t))
+        for (NodeId c = t.child(sys); c != kNoNode; c = t.next(c))
+          if (record::field(t.text(c), 0) == "GIN" || record::field(t.text(c), 1) == "C-Group")
+            return t.key(c);
+      return {};
+    }
+  };
+
+ private slots:
+  void openEditSaveAsAndReopenFindsTheEdit() {
+    Fixture f;
+    f.names = {f.q(f.list)};
+    QVERIFY(f.window->runCommand("Open"));
+    QCOMPARE(f.session.document().files.loadedCount(), 1);
+    QVERIFY(f.window->windowTitle().contains(" - file: "));
+    QVERIFY(f.window->tree()->topLevelItemCount() >= 1);
+    QVERIFY(!f.session.document().changed);
+
+    const std::string dept = f.conventionalDepartment();
+    QVERIFY(!dept.empty());
+    QVERIFY(f.window->selectKey(f.q(dept)));
+    QAbstractItemModel* model = f.window->rowsPane()->model();
+    QVERIFY(model->rowCount() >= 1);
+    QVERIFY(model->setData(model->index(0, 1), "Edited, Name", Qt::EditRole));
+    QVERIFY(f.session.document().changed);
+
+    // Save As asks for the name, writes the file and its companion, and clears the flag.
+    const std::string saved = f.dir.file("saved.hpd");
+    f.names = {f.q(saved)};
+    QVERIFY(f.window->runCommand("Save As"));
+    QCOMPARE(f.asked.back(), ui::MainWindow::FileAsk::SaveAs);
+    QVERIFY(fs::exists(saved));
+    QVERIFY(fs::exists(f.dir.file("saved.hpi")));
+    QVERIFY(!f.session.document().changed);
+    QCOMPARE(f.session.document().files.get(1, OpenFileTable::Path), saved);
+
+    // Save again writes the same path without asking, byte for byte the same.
+    const auto first = formats::readWholeFile(saved);
+    const std::size_t askedBefore = f.asked.size();
+    QVERIFY(f.window->runCommand("Save"));
+    QCOMPARE(f.asked.size(), askedBefore);
+    QCOMPARE(formats::readWholeFile(saved), first);
+
+    QVERIFY(f.window->runCommand("New HPD"));
+    QVERIFY(f.session.document().data.empty());
+    QCOMPARE(f.window->tree()->topLevelItemCount(), 0);
+
+    QVERIFY(f.window->openPath(f.q(saved)));
+    QVERIFY(f.window->selectKey(f.q(f.conventionalDepartment())));
+    model = f.window->rowsPane()->model();
+    QCOMPARE(model->index(0, 1).data().toString(), QString("Edited; Name"));
+  }
+
+  void newSystemsAreSavedUnderTheUnsavedQuestionAndAFailedReadChangesNothing() {
+    Fixture f;
+    f.window->runCommand("New Conventional System");
+    QVERIFY(f.window->selectKey("SYS-001"));
+    f.names = {};  // the user cancels: nothing is written
+    QVERIFY(f.window->runCommand("Save"));
+    QCOMPARE(f.asked.back(), ui::MainWindow::FileAsk::SaveUnsavedAs);
+    QVERIFY(f.session.document().changed);
+    QCOMPARE(f.session.unsavedSystems(), 1);
+
+    f.names = {f.q(f.dir.file("mine"))};
+    QVERIFY(f.window->runCommand("Save"));
+    QVERIFY(fs::exists(f.dir.file("mine.hpd")));
+    QCOMPARE(f.session.unsavedSystems(), 0);
+    QCOMPARE(treemod::getField(f.session.document().data, "SYS-001", 23), std::string("1"));
+
+    // A file that is not there: the message, and the document as it was.
+    const std::size_t nodes = f.session.document().data.count();
+    QVERIFY(!f.window->openPath(f.q(f.dir.file("missing.hpd"))));
+    QVERIFY(QString::fromStdString(f.feedback.messages.back())
+                .startsWith("File error: check if file exists:    "));
+    QCOMPARE(f.session.document().data.count(), nodes);
+    QCOMPARE(f.session.document().files.loadedCount(), 1);
+  }
+
+  void profilesAndConfigurationsReopenTheSameLists() {
+    Fixture f;
+    QVERIFY(f.window->openPath(f.q(f.list)));
+    const std::size_t nodes = f.session.document().data.count();
+
+    // Save Profile with none active asks for a name; the title then names it.
+    f.names = {f.q(f.dir.file("weekend"))};
+    QVERIFY(f.window->runCommand("Save Profile"));
+    QCOMPARE(f.asked.back(), ui::MainWindow::FileAsk::SaveProfileAs);
+    const auto profile = formats::readWholeFile(f.dir.file("weekend.pfl"));
+    QVERIFY(profile && profile->rfind("ZEL536 PRF V1.00", 0) == 0);
+    QVERIFY(f.window->windowTitle().contains(" - Profile: weekend"));
+    QCOMPARE(f.feedback.statuses.back(), std::string("Active Profile: weekend"));
+
+    // Save Config File writes each list as the card names it, then the configuration.
+    fs::create_directories(f.dir.file("card"));
+    f.names = {f.q(f.dir.file("card/f_list.cfg"))};
+    QVERIFY(f.window->runCommand("Save Config File"));
+    QVERIFY(fs::exists(f.dir.file("card/f_000001.hpd")));
+    QVERIFY(fs::exists(f.dir.file("card/f_list.cfg")));
+
+    f.feedback.answers = {Answer::Yes};
+    QVERIFY(f.window->runCommand("New HPD"));
+    f.names = {f.q(f.dir.file("weekend.pfl"))};
+    QVERIFY(f.window->runCommand("Open Profile"));
+    QCOMPARE(f.session.document().data.count(), nodes);
+
+    QVERIFY(f.window->runCommand("Clear Profile Name"));
+    QCOMPARE(f.feedback.statuses.back(), std::string("Active Profile: None"));
+    QVERIFY(!f.window->windowTitle().contains(" - Profile: "));
+
+    f.feedback.answers = {Answer::Yes};
+    QVERIFY(f.window->runCommand("New HPD"));
+    f.names = {f.q(f.dir.file("card/f_list.cfg"))};
+    QVERIFY(f.window->runCommand("Open Config File"));
+    QCOMPARE(f.session.document().data.count(), nodes);
+  }
+};
+
+QTEST_MAIN(MainWindowFilesTest)
+#include "main_window_files_test.moc"
