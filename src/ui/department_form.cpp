@@ -20,8 +20,8 @@ DepartmentForm::DepartmentForm(Document& document, Feedback& feedback, QWidget* 
   form_->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
   form_->setLabelAlignment(Qt::AlignRight);
   addNameRow(form_, *binder_, 4, this);
-  QCheckBox* avoid = binder_->onOff(5, tr("Avoid this department while scanning"),
-                                    rules::SwitchForm::Words, this);
+  QCheckBox* avoid =
+      binder_->onOff(5, tr("Avoid this department while scanning"), rules::SwitchForm::Words, this);
   avoid->setObjectName("avoid");
   form_->addRow(QString(), avoid);
   addLocationRows(form_, *binder_, 6, this);

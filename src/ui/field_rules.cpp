@@ -145,7 +145,8 @@ std::optional<std::string> bandPlanOffset(std::string_view typed) {
 std::optional<std::string> nac(std::string_view typed) {
   std::string_view text = trimView(typed);
   if (isSearchWord(text)) return std::string("Search");
-  if (text.size() > 8 || text.find_first_not_of("0123456789abcdefABCDEF") != std::string_view::npos) {
+  if (text.size() > 8 ||
+      text.find_first_not_of("0123456789abcdefABCDEF") != std::string_view::npos) {
     return std::nullopt;
   }
   long value = std::stol(std::string(text), nullptr, 16);

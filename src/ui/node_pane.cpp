@@ -23,7 +23,8 @@ NodePane::NodePane(Session& session, Feedback& feedback, QWidget* parent)
   setup.settings = &session.settingsCodec().store();
   setup.widths = &widths_;
   setup.env.feedback = &feedback;
-  const cell::FrequencyRules frequency = cell::rulesFromSettings(session.settingsCodec(), doc.family);
+  const cell::FrequencyRules frequency =
+      cell::rulesFromSettings(session.settingsCodec(), doc.family);
 
   empty_ = new QLabel(tr("Select a system, site or department to edit it."), this);
   empty_->setAlignment(Qt::AlignCenter);

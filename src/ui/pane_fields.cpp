@@ -9,6 +9,7 @@
 
 #include "core/document.h"
 #include "core/record_line.h"
+#include "core/text.h"
 #include "core/tree_operations.h"
 #include "ui/qt_feedback.h"
 
@@ -151,9 +152,8 @@ QSpinBox* FieldBinder::keyNumber(int n, int max, std::string noneWord, QWidget* 
   spin->setKeyboardTracking(false);
   spin->setMinimumWidth(80);
   widgets_.push_back(spin);
-  loaders_.push_back([this, spin, n, max] {
-    spin->setValue(std::min(rules::keyValue(field(n)), max));
-  });
+  loaders_.push_back(
+      [this, spin, n, max] { spin->setValue(std::min(rules::keyValue(field(n)), max)); });
   connect(spin, &QSpinBox::valueChanged, this, [this, n, noneWord](int value) {
     if (filling_) return;
     store(n, rules::keyWord(value, field(n), noneWord));
@@ -190,8 +190,7 @@ LocationEdits addLocationRows(QFormLayout* form, FieldBinder& binder, int latitu
   e.latitude->setMaximumWidth(140);
   e.longitude = binder.text(
       latitudeField + 1, [mark](std::string_view t) { return rules::longitude(t, mark); },
-      QObject::tr("A longitude is decimal degrees from -180 to 180, such as -81.705047."),
-      parent);
+      QObject::tr("A longitude is decimal degrees from -180 to 180, such as -81.705047."), parent);
   e.longitude->setObjectName("longitude");
   e.longitude->setPlaceholderText("-0.000000");
   e.longitude->setMaximumWidth(140);

@@ -46,8 +46,8 @@ bool RecordGridModel::setData(const QModelIndex& index, const QVariant& value, i
   return true;
 }
 
-RecordGrid::RecordGrid(Document& document, Feedback& feedback, RecordGridSpec spec,
-                       GridSetup setup, QWidget* parent)
+RecordGrid::RecordGrid(Document& document, Feedback& feedback, RecordGridSpec spec, GridSetup setup,
+                       QWidget* parent)
     : QWidget(parent),
       document_(document),
       feedback_(feedback),
@@ -81,7 +81,7 @@ RecordGrid::RecordGrid(Document& document, Feedback& feedback, RecordGridSpec sp
 
 std::string RecordGrid::rowKey(int pageRow) const {
   return pageRow > 0 && pageRow < static_cast<int>(rowKeys_.size()) ? rowKeys_[pageRow]
-                                                                     : std::string();
+                                                                    : std::string();
 }
 
 void RecordGrid::fillRow(int row, const std::string& line) {

@@ -72,8 +72,8 @@ class RecordGrid : public QWidget {
   Q_OBJECT
 
  public:
-  RecordGrid(Document& document, Feedback& feedback, RecordGridSpec spec,
-             GridSetup setup, QWidget* parent = nullptr);
+  RecordGrid(Document& document, Feedback& feedback, RecordGridSpec spec, GridSetup setup,
+             QWidget* parent = nullptr);
 
   // Shows the children of `parentKey` ("" shows an empty, disabled grid).
   void load(const std::string& parentKey);

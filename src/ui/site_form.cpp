@@ -62,8 +62,8 @@ SiteForm::SiteForm(Document& document, Feedback& feedback, GridSetup setup,
   form_->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
   form_->setLabelAlignment(Qt::AlignRight);
   addNameRow(form_, *binder_, 4, page);
-  QCheckBox* avoid = binder_->onOff(5, tr("Avoid this site while scanning"),
-                                    rules::SwitchForm::Words, page);
+  QCheckBox* avoid =
+      binder_->onOff(5, tr("Avoid this site while scanning"), rules::SwitchForm::Words, page);
   avoid->setObjectName("avoid");
   form_->addRow(QString(), avoid);
   addLocationRows(form_, *binder_, 6, page);
@@ -81,8 +81,7 @@ SiteForm::SiteForm(Document& document, Feedback& feedback, GridSetup setup,
   width->setObjectName("bandwidth");
   form_->addRow(tr("Bandwidth:"), width);
   widthRow_ = width;
-  QCheckBox* attenuator =
-      binder_->onOff(13, tr("Attenuator"), rules::SwitchForm::Digits, page);
+  QCheckBox* attenuator = binder_->onOff(13, tr("Attenuator"), rules::SwitchForm::Digits, page);
   attenuator->setObjectName("attenuator");
   form_->addRow(QString(), attenuator);
   QSpinBox* quickKey = binder_->keyNumber(17, 99, "Off", page);
