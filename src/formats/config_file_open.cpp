@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "core/text.h"
+#include "formats/favorites_config.h"
 #include "formats/text_file.h"
 
 namespace zel::formats {
@@ -14,11 +15,12 @@ ConfigOpenResult openConfigFile(Document& doc, PageFiles& pages, const std::stri
   std::optional<std::string> text = readWholeFile(cfgPath);
   if (!text) return result;
   const std::filesystem::path folder = std::filesystem::path(cfgPath).parent_path();
-  for (std::string_view line : splitLines(*text)) {
-    if (!startsWith(line, "F-List")) continue;
-    std::vector<std::string_view> fields = splitView(line, '\t');
-    const std::string listName = fields.size() > 1 ? std::string(fields[1]) : std::string();
-    const std::string file = fields.size() > 2 ? std::string(fields[2]) : std::string();
+  // The lines come from the file's one reader; this command takes only the "F-List" spelling.
+  const FavoritesConfig config = parseFavoritesConfig(*text);
+  for (const FavoritesListRow& list : config.rows) {
+    if (!startsWith(list.tag, "F-List")) continue;
+    const std::string& listName = list.name;
+    const std::string& file = list.file;
     if (file.find(".hpd") == std::string::npos) continue;
     const int row = doc.files.freeRow();
     if (row == 0) {

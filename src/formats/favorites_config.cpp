@@ -65,6 +65,7 @@ FavoritesConfig parseFavoritesConfig(std::string_view text) {
     f = splitView(line, '\t');
     if (config.rows.empty()) config.tag = std::string(f[0]);
     FavoritesListRow row;
+    row.tag = std::string(f[0]);
     auto at = [&](std::size_t n) { return n < f.size() ? std::string(f[n]) : std::string(); };
     row.name = at(1);
     row.file = at(2);

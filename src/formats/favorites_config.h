@@ -18,8 +18,9 @@
 
 namespace zel::formats {
 
-// One row of the list view: sub-items 1 to 8.
+// One row of the list view: sub-items 1 to 8, and the tag its line was read with.
 struct FavoritesListRow {
+  std::string tag;              // as read: "F-List", "F-List " or "F-1ist"; not written
   std::string name;             // 1
   std::string file;             // 2: f_000nnn.hpd
   std::string monitor;          // 3: "On" / "Off"
@@ -43,7 +44,9 @@ std::string favoritesListTag(bool isUbcdFolder, bool is3600);
 
 // Reads the lists of a configuration file; nothing when it cannot be opened. A line is a
 // list when it begins "F-List" or "F-1ist"; a list whose file is missing is listed all the
-// same.
+// same. Fields are kept byte for byte (a comma in a name stays a comma); the flag groups
+// come back as "1" and "0", and stop at the first empty field, the TAB that ends the line.
+// This is the one reader of the file: the card's rows and Open Config File build on it.
 std::optional<FavoritesConfig> readFavoritesConfig(const std::string& path);
 FavoritesConfig parseFavoritesConfig(std::string_view text);
 

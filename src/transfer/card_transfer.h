@@ -23,7 +23,8 @@ struct SaveListRequest {
 // Renders every system of the document and writes it to the card. Says "Please wait
 // saving data" and "Save finished." in the progress label; refuses with "No systems to
 // upload", "Please select a favorite file." or "Please enter a name for the new Favorite
-// List".
+// List", in that order. Over an existing list it first asks "Warning, data in existing
+// Favorite List will be lost, Continue?"; a No ends the step with an empty message.
 SaveOutcome saveDocumentToCard(FavoritesCard& card, Document& doc, const PageFiles& pages,
                                const SaveListRequest& request, Feedback& feedback);
 
@@ -33,7 +34,8 @@ struct ReadListsOutcome {
 };
 
 // Reads the lists with these numbers into the document, in the order given, each under
-// its own open-file row. "Error, no files selected for upload." when none is given.
+// the next free open-file row with the list's name. "Error, no files selected for
+// upload." when none is given. The caller rebuilds the visible tree.
 ReadListsOutcome readCardLists(const FavoritesCard& card, const std::vector<int>& numbers,
                                Document& doc, PageFiles& pages, Feedback& feedback);
 

@@ -45,6 +45,7 @@ FavoritesCard::FavoritesCard(const CardState& card, CardFamily family)
 
 StepStatus FavoritesCard::load() {
   rows_.clear();
+  viewChanged_ = false;
   removeStaleTemporaries(paths_.folder);
   if (!formats::fileExists(paths_.config)) return {};
   auto text = formats::readWholeFile(paths_.config);
@@ -57,7 +58,10 @@ int FavoritesCard::lowestFreeNumber() const {
   std::set<std::string> keys;
   for (const auto& r : rows_) keys.insert(r.key);
   int n = 1;
-  while (keys.count(rowKey(n))) ++n;
+  while (keys.count(rowKey(n)) ||
+         (!overwriteFiles_ && formats::fileExists(paths_.path(paths_.listFileName(n))))) {
+    ++n;
+  }
   return n;
 }
 
@@ -87,6 +91,7 @@ StepStatus FavoritesCard::writeConfig() {
     return st;
   }
   tx.commit();
+  viewChanged_ = false;
   return {};
 }
 
@@ -142,6 +147,7 @@ SaveOutcome FavoritesCard::saveList(std::string_view hpdText, std::string name,
   }
   tx.commit();
   rows_ = std::move(rows);
+  viewChanged_ = false;
   return out;
 }
 
@@ -164,6 +170,7 @@ StepStatus FavoritesCard::deleteList(int number) {
   }
   tx.commit();
   rows_ = std::move(rows);
+  viewChanged_ = false;
   return {};
 }
 
@@ -188,11 +195,11 @@ StepStatus FavoritesCard::reorder(const std::vector<int>& numbers) {
   }
   tx.commit();
   rows_ = std::move(rows);
+  viewChanged_ = false;
   return {};
 }
 
-StepStatus FavoritesCard::quickKeys(QuickKeyCommand command) {
-  auto rows = rows_;
+std::vector<FavoritesRow> withQuickKeys(std::vector<FavoritesRow> rows, QuickKeyCommand command) {
   switch (command) {
     case QuickKeyCommand::Clear:
       for (auto& r : rows) r.quickKey = "Off";
@@ -200,8 +207,8 @@ StepStatus FavoritesCard::quickKeys(QuickKeyCommand command) {
     case QuickKeyCommand::Auto: {
       std::set<int> used;
       for (const auto& r : rows) {
-        if (normaliseQuickKey(r.quickKey) != "Off")
-          used.insert(std::stoi(normaliseQuickKey(r.quickKey)));
+        const std::string key = normaliseQuickKey(r.quickKey);
+        if (key != "Off") used.insert(std::stoi(key));
       }
       int next = 0;
       for (auto& r : rows) {
@@ -223,6 +230,11 @@ StepStatus FavoritesCard::quickKeys(QuickKeyCommand command) {
       }
       break;
   }
+  return rows;
+}
+
+StepStatus FavoritesCard::quickKeys(QuickKeyCommand command) {
+  auto rows = withQuickKeys(rows_, command);
   CardTransaction tx;
   auto st = writeConfigIn(tx, rows);
   if (!st.ok) {
@@ -231,6 +243,7 @@ StepStatus FavoritesCard::quickKeys(QuickKeyCommand command) {
   }
   tx.commit();
   rows_ = std::move(rows);
+  viewChanged_ = false;
   return {};
 }
 
@@ -274,6 +287,110 @@ StepStatus FavoritesCard::deleteOrphan(const std::string& file) {
     }
   }
   return {false, file + " is not an orphan list."};
+}
+
+void FavoritesCard::applyQuickKeys(QuickKeyCommand command) {
+  rows_ = withQuickKeys(std::move(rows_), command);
+  viewChanged_ = true;
+}
+
+void FavoritesCard::enableAllKeys(const std::vector<int>& rowIndexes) {
+  for (int i : rowIndexes) {
+    if (i < 0 || i >= static_cast<int>(rows_.size())) continue;
+    rows_[i].startupKeys = std::string(10, '1');
+    rows_[i].systemKeys = std::string(100, '1');
+    viewChanged_ = true;
+  }
+}
+
+bool FavoritesCard::arrangeRows(const std::vector<int>& rowIndexes) {
+  std::vector<bool> taken(rows_.size(), false);
+  std::vector<FavoritesRow> rows;
+  rows.reserve(rows_.size());
+  for (int i : rowIndexes) {
+    if (i < 0 || i >= static_cast<int>(rows_.size()) || taken[i]) return false;
+    taken[i] = true;
+    rows.push_back(rows_[i]);
+  }
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (!taken[i]) rows.push_back(rows_[i]);
+  }
+  if (rows.size() != rows_.size()) return false;
+  bool same = true;
+  for (std::size_t i = 0; i < rows.size() && same; ++i) same = rows[i].key == rows_[i].key;
+  rows_ = std::move(rows);
+  if (!same) viewChanged_ = true;
+  return true;
+}
+
+bool FavoritesCard::moveDown(int rowIndex) {
+  if (rowIndex < 0 || rowIndex + 1 >= static_cast<int>(rows_.size())) return false;
+  std::swap(rows_[rowIndex], rows_[rowIndex + 1]);
+  viewChanged_ = true;
+  return true;
+}
+
+bool FavoritesCard::editRow(int rowIndex, const FavoritesRow& edited) {
+  if (rowIndex < 0 || rowIndex >= static_cast<int>(rows_.size())) return false;
+  FavoritesRow& r = rows_[rowIndex];
+  // The view's names go back into the document one day: a comma is its field mark.
+  r.name = replaceAll(edited.name, ",", ";");
+  r.monitor = edited.monitor;
+  r.locationControl = edited.locationControl;
+  r.quickKey = edited.quickKey;
+  r.numberTag = edited.numberTag;
+  viewChanged_ = true;
+  return true;
+}
+
+SaveOutcome FavoritesCard::addServiceSearch(std::string_view hpdText, const std::string& caption) {
+  SaveOutcome out;
+  // The prepared lists have always gone to the card under the HomePatrol names and its
+  // configuration file; a BCD card's own f_list.cfg takes the row when the view is saved.
+  const CardPaths home = cardPaths(card_.scannerRoot, CardFamily::HomePatrol);
+  out.number = lowestFreeNumber();
+  if (!overwriteFiles_) {
+    while (formats::fileExists(home.path(home.listFileName(out.number))) ||
+           rowOfNumber(out.number) >= 0) {
+      ++out.number;
+    }
+  }
+  if (out.number > 999) {
+    out.status = {false, "The card holds no free favorites list number."};
+    return out;
+  }
+  out.file = home.listFileName(out.number);
+  FavoritesRow r;
+  r.key = rowKey(out.number);
+  r.tag = "F-List";
+  r.name = caption;
+  r.file = out.file;
+  auto rows = rows_;
+  rows.push_back(r);
+
+  std::error_code ec;
+  const bool madeFolder = fs::create_directories(home.folder, ec);
+  CardTransaction tx;
+  const std::string listPath = home.path(out.file);
+  if (formats::fileExists(listPath)) {
+    out.status = tx.copy(listPath, home.path(backupNameOf(out.file)));
+  }
+  if (out.status.ok) out.status = tx.write(listPath, hpdText);
+  if (out.status.ok && formats::fileExists(home.config)) {
+    out.status = tx.copy(home.config, home.backup);
+  }
+  if (out.status.ok) out.status = tx.write(home.config, formatFavoritesConfig(rows, tag_));
+  if (!out.status.ok) {
+    tx.rollback();
+    if (madeFolder) fs::remove(home.folder, ec);
+    return out;
+  }
+  tx.commit();
+  rows_ = std::move(rows);
+  // On a HomePatrol card the whole view is now the card's configuration; elsewhere
+  // f_list.cfg does not name the list yet.
+  viewChanged_ = paths_.config != home.config;
+  return out;
 }
 
 }  // namespace zel::transfer

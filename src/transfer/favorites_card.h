@@ -55,8 +55,13 @@ class FavoritesCard {
   const CardPaths& paths() const { return paths_; }
   std::string tag() const { return tag_; }
 
-  // The lowest number from 1 that no row's key holds.
+  // The lowest number from 1 that no row's key holds. When files of the same name are not
+  // to be overwritten (setOverwriteFiles(false)), a number whose list file already lies in
+  // the folder is passed over as well.
   int lowestFreeNumber() const;
+  // "Overwrite files with same name": true (the default) lets a new list take a number
+  // whose file is on the card but named by no row; that file is kept as ".bac" first.
+  void setOverwriteFiles(bool overwrite) { overwriteFiles_ = overwrite; }
   // The row of list number n, or -1.
   int rowOfNumber(int number) const;
 
@@ -71,6 +76,28 @@ class FavoritesCard {
   // Puts the named lists first, in the order given, the others after them as they were.
   StepStatus reorder(const std::vector<int>& numbers);
   StepStatus quickKeys(QuickKeyCommand command);
+
+  // Edits of the view. They stay in memory until the configuration is written (writeConfig,
+  // or any step above, which writes the whole view); viewChanged() tells that some are
+  // pending, so that the window can ask before it closes.
+  void applyQuickKeys(QuickKeyCommand command);
+  // "Enable All Quickkeys/Service Type" for these rows: ten startup keys and a hundred
+  // system quick keys on.
+  void enableAllKeys(const std::vector<int>& rowIndexes);
+  // Puts the rows in this order (indexes into rows()); rows not named follow as they were.
+  // False when an index is out of range or named twice.
+  bool arrangeRows(const std::vector<int>& rowIndexes);
+  // Moves a row one place down ("Down"); false at the last row.
+  bool moveDown(int rowIndex);
+  // Takes the fields a user edits (name, monitor, location control, quick key, number tag)
+  // from `edited`; the key, file and flags stay.
+  bool editRow(int rowIndex, const FavoritesRow& edited);
+  bool viewChanged() const { return viewChanged_; }
+
+  // A prepared Service Search list: copied to the next free number as
+  // "favorites_000nnn.hpd", added to the view as an "F-List" row, and named in
+  // "favorites_lists.config" (its backup refreshed first), whatever the card's family.
+  SaveOutcome addServiceSearch(std::string_view hpdText, const std::string& caption);
 
   // List files in the folder ("f_*.hpd", "favorites_*.hpd") that no row names.
   std::vector<std::string> orphans() const;
@@ -88,6 +115,11 @@ class FavoritesCard {
   CardPaths paths_;
   std::string tag_;
   std::vector<FavoritesRow> rows_;
+  bool viewChanged_ = false;
+  bool overwriteFiles_ = true;
 };
+
+// The rows after a quick key command ("Clear FL Qkey", "Auto Assign Qkey", ...).
+std::vector<FavoritesRow> withQuickKeys(std::vector<FavoritesRow> rows, QuickKeyCommand command);
 
 }  // namespace zel::transfer

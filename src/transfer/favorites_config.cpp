@@ -1,9 +1,7 @@
 #include "transfer/favorites_config.h"
 
-#include "formats/favorites_config.h"
-
 #include "core/text.h"
-#include "formats/text_file.h"
+#include "formats/favorites_config.h"
 
 namespace zel::transfer {
 
@@ -29,52 +27,27 @@ std::string rowKey(int number) {
   return "a-" + padNumber(number, 6);
 }
 
-namespace {
-
-std::string flagsFrom(const std::vector<std::string>& fields, std::size_t from, std::size_t count) {
-  std::string flags;
-  for (std::size_t i = from; i < from + count && i < fields.size(); ++i) {
-    if (fields[i] == "On") {
-      flags += '1';
-    } else if (fields[i] == "Off") {
-      flags += '0';
-    }
-  }
-  return flags;
-}
-
-bool isWholeNumber(std::string_view v) {
-  if (v.empty() || v.size() > 4) return false;
-  for (char c : v) {
-    if (c < '0' || c > '9') return false;
-  }
-  return true;
-}
-
-}  // namespace
-
 std::vector<FavoritesRow> parseFavoritesConfig(std::string_view text) {
+  // The file's own reader gives the lines; the card adds the key of each row and keeps
+  // names fit for the document, where a comma is the field mark and comes back as ";".
+  formats::FavoritesConfig config = formats::parseFavoritesConfig(text);
   std::vector<FavoritesRow> rows;
-  formats::forEachLine(text, [&](std::string_view line) {
-    if (!startsWith(line, "F-List") && !startsWith(line, "F-1ist")) return;
-    // Commas are the editor's field mark: a comma inside a name comes back as ";".
-    const std::string commas = replaceAll(replaceAll(line, ",", ";"), "\t", ",");
-    const auto f = split(commas, ',');
-    auto at = [&f](std::size_t i) { return i < f.size() ? f[i] : std::string{}; };
+  rows.reserve(config.rows.size());
+  for (auto& line : config.rows) {
     FavoritesRow row;
-    row.tag = at(0);
-    row.name = at(1);
-    row.file = at(2);
-    row.locationControl = at(3);
-    row.monitor = at(4);
-    row.quickKey = at(5);
-    row.numberTag = at(6);
-    row.startupKeys = flagsFrom(f, 7, 10);
-    row.systemKeys = flagsFrom(f, 17, 100);
+    row.tag = std::move(line.tag);
+    row.name = replaceAll(line.name, ",", ";");
+    row.file = std::move(line.file);
+    row.locationControl = std::move(line.locationControl);
+    row.monitor = std::move(line.monitor);
+    row.quickKey = std::move(line.quickKey);
+    row.numberTag = std::move(line.numberTag);
+    row.startupKeys = std::move(line.startupKeys);
+    row.systemKeys = std::move(line.systemQuickKeys);
     const int n = listFileNumber(row.file);
     row.key = n >= 0 ? rowKey(n) : std::string{};
     rows.push_back(std::move(row));
-  });
+  }
   return rows;
 }
 
@@ -83,10 +56,7 @@ std::string favoritesTag(bool isUbcdFolder, bool is3600) {
 }
 
 std::string normaliseQuickKey(std::string_view value) {
-  if (!isWholeNumber(value)) return "Off";
-  const long long n = leadingInteger(value);
-  if (n < 0 || n >= 99) return "Off";
-  return std::to_string(n);
+  return formats::favoritesQuickKeyField(value);
 }
 
 std::string formatFavoritesConfig(const std::vector<FavoritesRow>& rows, std::string_view tag) {

@@ -10,6 +10,10 @@
 // UBCD3600XLT; a reader takes any line that begins with "F-List" or "F-1ist". The flag
 // groups are held as strings of "1" and "0" and written as "On"/"Off", each followed by a
 // TAB, so that an entry ends in a TAB.
+//
+// The lines are read and written by the file's one reader and writer
+// (formats/favorites_config.h); a row here adds what the card keeps about each list: its
+// key, the tag it was read with, and whether this session saved it.
 #pragma once
 
 #include <string>

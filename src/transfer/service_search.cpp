@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/text.h"
+#include "formats/text_file.h"
 
 namespace zel::transfer {
 
@@ -190,6 +191,16 @@ const ServiceSearchList* findServiceSearch(const std::string& key) {
     if (l.key == key) return &l;
   }
   return nullptr;
+}
+
+std::optional<std::string> serviceSearchText(const std::string& folder, int index) {
+  const auto& lists = serviceSearchLists();
+  if (index < 0 || index >= static_cast<int>(lists.size())) return std::nullopt;
+  const ServiceSearchList& list = lists[index];
+  if (!folder.empty()) {
+    if (auto text = formats::readWholeFile(folder + "/" + list.fileName)) return text;
+  }
+  return list.text;
 }
 
 }  // namespace zel::transfer

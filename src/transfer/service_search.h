@@ -6,6 +6,7 @@
 //   C-Freq<TAB><TAB><TAB>CB 19<TAB>Off<TAB>27185000<TAB>AM<TAB><TAB>21<TAB>Off<TAB>2 ...
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,5 +23,11 @@ struct ServiceSearchList {
 // The eight lists in button order (index 0 to 7); "Public Safety" has none.
 const std::vector<ServiceSearchList>& serviceSearchLists();
 const ServiceSearchList* findServiceSearch(const std::string& key);
+
+// The file behind Service Search button `index` (0 to 7): the prepared file of that name in
+// `folder` (the data folder's "ServiceSearch") when it is there, so that a user's own
+// edit of it is what goes to the card, else the list built in. Nothing for index 8
+// ("Public Safety") or an index out of range.
+std::optional<std::string> serviceSearchText(const std::string& folder, int index);
 
 }  // namespace zel::transfer

@@ -1,0 +1,305 @@
+// The card manager under the offscreen platform, on a simulated card and on a copy of a
+// real SDS200 card: detection, a list written from the document and read back into it,
+// deletion with its backups, the key columns with the question at close, Service Search,
+// orphans, and the gate when no card is found. Questions are answered by the recording
+// feedback.
+#include "ui/patrol_window.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTreeWidget>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "core/memory_ports.h"
+#include "core/settings.h"
+#include "sim/card_sim.h"
+#include "test_folder.h"
+#include "transfer/card_detect.h"
+#include "transfer/drive_roots.h"
+
+using namespace zel;
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string slurp(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream ss;
+  ss << in.rdbuf();
+  return ss.str();
+}
+
+bool exists(const std::string& path) {
+  return fs::exists(path);
+}
+
+int count(const std::string& text, const std::string& what) {
+  int n = 0;
+  for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) ++n;
+  return n;
+}
+
+}  // namespace
+
+class PatrolWindowTest : public QObject {
+  Q_OBJECT
+
+  struct Fixture {
+    TestFolder dir;
+    MemorySettingsStore store;
+    RecordingFeedback feedback;
+    ManualClock clock;
+    Session session{store, feedback, clock, dir.file("data")};
+    transfer::ListDriveRoots roots;
+    std::unique_ptr<ui::PatrolWindow> window;
+    std::string lists;  // the card's favorites_lists folder
+
+    // A simulated card of `model`, or none when `model` is empty.
+    explicit Fixture(const std::string& model = "BCD536HP") {
+      session.start(false);
+      if (!model.empty()) {
+        auto made = sim::makeSimCard(dir.file("card"), model);
+        if (made.ok) {
+          roots.add(dir.file("card"));
+          lists = made.scannerRoot + "/favorites_lists";
+        }
+      }
+    }
+    void open() {
+      window = std::make_unique<ui::PatrolWindow>(session, feedback, roots);
+      window->show();
+    }
+    template <typename T>
+    T* child(const char* name) const {
+      return window->findChild<T*>(name);
+    }
+    void click(const char* name) const {
+      QPushButton* b = child<QPushButton>(name);
+      QVERIFY2(b != nullptr, name);
+      b->click();
+    }
+    QString rowText(int row, int column) const {
+      return window->listView()->topLevelItem(row)->text(column);
+    }
+    std::string config() const { return slurp(lists + "/f_list.cfg"); }
+    void readList(int number) {
+      window->listView()->clearSelection();
+      QVERIFY(window->selectList(number));
+      click("Command10_0");  // Write Selected
+    }
+  };
+
+ private slots:
+  void detectsTheCardAndListsItsConfiguration() {
+    Fixture f;
+    QVERIFY(!f.lists.empty());
+    f.open();
+    QCOMPARE(f.window->lampColour(), transfer::kLampGreen);
+    QVERIFY(f.window->label3Text().startsWith(" BCDx36HP/3600/SDS detected at drive "));
+    QVERIFY(f.window->label3Text().contains("Firmware=1.05.04"));
+    QCOMPARE(f.window->listView()->topLevelItemCount(), 2);
+    QCOMPARE(f.rowText(0, 1), QString("Lake County Fire"));
+    QCOMPARE(f.rowText(0, 2), QString("f_000001.hpd"));
+    QCOMPARE(f.rowText(0, 5), QString("1 / FQK: Off"));
+    QCOMPARE(f.rowText(1, 1), QString("County P25"));
+    QCOMPARE(f.rowText(0, 6).size(), 10);
+    QCOMPARE(f.rowText(0, 7).size(), 100);
+    Settings settings(f.store);
+    QCOMPARE(QString::fromStdString(settings.getPlain("general", "firmware", "")),
+             QString("1.05.04"));
+  }
+
+  void withoutACardEveryTransferIsGated() {
+    Fixture f("");
+    f.open();
+    QCOMPARE(f.window->lampColour(), transfer::kLampOff);
+    QCOMPARE(f.window->label3Text(), QString(transfer::kNotFoundHelp));
+    QVERIFY(f.child<QCheckBox>("Check10_1")->isVisibleTo(f.window.get()));
+    QVERIFY(f.child<QCheckBox>("Check10_2")->isVisibleTo(f.window.get()));
+    for (const char* command : {"Command13", "Command10_1", "Command4", "Command11_0"}) {
+      f.child<QPushButton>(command)->click();
+      QCOMPARE(f.window->label3Text(), QString("Error: Scanner not detected."));
+    }
+    QVERIFY(f.feedback.messages.empty());
+    QCOMPARE(f.window->listView()->topLevelItemCount(), 0);
+  }
+
+  void saveReadBackAndDeleteAList() {
+    Fixture f;
+    f.open();
+    // Nothing in the document yet.
+    f.child<QLineEdit>("Text1")->setText("Mine");
+    f.click("Command13");
+    QCOMPARE(QString::fromStdString(f.feedback.messages.back()), QString("No systems to upload"));
+    QVERIFY(!exists(f.lists + "/f_000003.hpd"));
+
+    f.readList(1);
+    QVERIFY(f.session.document().data.contains("SYS-001"));
+    QVERIFY(f.feedback.questions.empty());  // an empty document is not warned about
+    QVERIFY(f.child<QListWidget>("ListView2")->count() >= 2);  // the file and its system
+
+    // A new list takes the lowest free number; the HPD file is there before the row.
+    f.child<QCheckBox>("Check6")->setChecked(true);
+    f.click("Command13");
+    QCOMPARE(f.window->label3Text(), QString("Save finished."));
+    QVERIFY(exists(f.lists + "/f_000003.hpd"));
+    QVERIFY(slurp(f.lists + "/f_000003.hpd").find("Lake County Fire") != std::string::npos);
+    QVERIFY(f.config().find("F-List\t[FMine]\tf_000003.hpd\t") != std::string::npos);
+    QVERIFY(exists(f.lists + "/f_list.bac"));
+    QCOMPARE(f.window->listView()->topLevelItemCount(), 3);
+    QCOMPARE(f.rowText(2, 8), QString("saved"));
+
+    // Reading it back over a document with data warns first; Clear Browser empties it.
+    f.child<QCheckBox>("Check9")->setChecked(true);
+    f.feedback.answers = {Answer::No};
+    f.readList(3);
+    QCOMPARE(QString::fromStdString(f.feedback.questions.back()),
+             QString("Warning|This will delete all existing data.\nIf not saved, data is lost!\n"
+                     "Continue without saving?"));
+    QVERIFY(!f.session.document().data.contains("SYS-002"));
+    f.feedback.answers = {Answer::Yes};
+    f.readList(3);
+    QVERIFY(f.session.document().data.contains("SYS-001"));
+    QVERIFY(!f.session.document().data.contains("SYS-002"));  // the browser was cleared
+    QCOMPARE(f.session.document().files.loadedCount(), 1);
+
+    // Overwrite asks; a No leaves the file alone.
+    const std::string before = slurp(f.lists + "/f_000003.hpd");
+    f.child<QRadioButton>("Option2_0")->setChecked(true);
+    QComboBox* combo = f.child<QComboBox>("Combo2");
+    combo->setCurrentIndex(combo->findData(3));
+    f.feedback.answers = {Answer::No};
+    f.click("Command13");
+    QCOMPARE(QString::fromStdString(f.feedback.questions.back()),
+             QString("|Warning, data in existing Favorite List will be lost, Continue?"));
+    QVERIFY(!exists(f.lists + "/f_000003.bac"));
+
+    // Deleting keeps the list as .bac and the configuration's backup.
+    f.window->listView()->clearSelection();
+    QVERIFY(f.window->selectList(3));
+    f.feedback.answers = {Answer::Yes};
+    f.click("Command4");
+    QVERIFY(!exists(f.lists + "/f_000003.hpd"));
+    QCOMPARE(slurp(f.lists + "/f_000003.bac"), before);
+    QVERIFY(f.config().find("f_000003.hpd") == std::string::npos);
+    QVERIFY(slurp(f.lists + "/f_list.bac").find("f_000003.hpd") != std::string::npos);
+    QCOMPARE(f.window->listView()->topLevelItemCount(), 2);
+  }
+
+  void keyColumnsAreKeptUntilTheQuestionAtClose() {
+    Fixture f;
+    f.open();
+    const std::string original = f.config();
+    f.click("Command12_0");  // Clear FL Qkey
+    QCOMPARE(f.rowText(0, 5), QString("Off / FQK: Off"));
+    f.click("Command12_1");  // Auto Assign Qkey
+    QCOMPARE(f.rowText(0, 5), QString("0 / FQK: Off"));
+    QCOMPARE(f.rowText(1, 5), QString("1 / FQK: Off"));
+    f.window->listView()->clearSelection();
+    QVERIFY(f.window->selectList(1));
+    f.click("Command8_1");  // Down
+    QCOMPARE(f.rowText(1, 1), QString("Lake County Fire"));
+    QCOMPARE(f.config(), original);  // nothing written yet
+    QVERIFY(f.window->viewChanged());
+
+    f.feedback.answers = {Answer::Yes};
+    QVERIFY(f.window->close());
+    QCOMPARE(QString::fromStdString(f.feedback.questions.back()),
+             QString("|Save new Favorites Config file?"));
+    const std::string written = f.config();
+    const auto county = written.find("County P25\tf_000002.hpd\tOff\tOn\t1\t");
+    const auto lake = written.find("Lake County Fire\tf_000001.hpd\tOff\tOn\t0\t");
+    QVERIFY(county != std::string::npos && lake != std::string::npos);
+    QVERIFY(county < lake);
+    QCOMPARE(slurp(f.lists + "/f_list.bac"), original);
+    Settings settings(f.store);
+    QCOMPARE(QString::fromStdString(settings.getPlain("scanner", "startup", "")), QString("1"));
+    QCOMPARE(QString::fromStdString(settings.getPlain("scanner", "include_drive_d", "")),
+             QString("0"));
+  }
+
+  void enableAllRewritesTheProfile() {
+    Fixture f;
+    f.open();
+    f.click("Command12_0");
+    f.click("Command9");
+    QCOMPARE(QString::fromStdString(f.feedback.messages.back()), QString("fix"));
+    const std::string profile = slurp(fs::path(f.lists).parent_path().string() + "/profile.cfg");
+    const auto at = profile.find("QuickKeys\t");
+    QVERIFY(at != std::string::npos);
+    const std::string line = profile.substr(at, profile.find("\r\n", at) - at);
+    QCOMPARE(count(line, "\tOn"), 99);
+    QCOMPARE(count(line, "Off"), 0);
+  }
+
+  void serviceSearchOnceAndOrphans() {
+    Fixture f;
+    std::ofstream(f.lists + "/f_000007.hpd") << "TargetModel\tBCDx36HP\r\n";
+    f.open();
+    QCOMPARE(f.window->listView()->topLevelItemCount(), 3);
+    QCOMPARE(f.rowText(2, 1), QString("Orphan f_000007.hpd"));
+
+    f.click("Command11_0");  // CB
+    QVERIFY(!f.child<QPushButton>("Command11_0")->isEnabled());
+    QVERIFY(exists(f.lists + "/favorites_000003.hpd"));
+    QVERIFY(slurp(f.lists + "/favorites_lists.config").find("F-List\tCB\tfavorites_000003.hpd") !=
+            std::string::npos);
+    QVERIFY(f.config().find("favorites_000003.hpd") == std::string::npos);
+    QVERIFY(f.window->viewChanged());  // f_list.cfg takes the row when the view is saved
+
+    // Keeping an orphan copies it to the next free number; deleting one asks first.
+    QVERIFY(f.window->selectOrphan("f_000007.hpd"));
+    f.click("cmdKeepOrphan");
+    QVERIFY(f.config().find("Orphan f_000007.hpd\tf_000004.hpd") != std::string::npos);
+    QVERIFY(f.window->selectOrphan("f_000007.hpd"));
+    f.feedback.answers = {Answer::Yes};
+    f.click("Command4");
+    QCOMPARE(QString::fromStdString(f.feedback.questions.back()),
+             QString("|Are you sure you want to delete the selected files?"));
+    QVERIFY(!exists(f.lists + "/f_000007.hpd"));
+    QVERIFY(exists(f.lists + "/f_000004.hpd"));
+  }
+
+  void aRealSdsCardRoundTrips() {
+    const fs::path real = fs::path(ZEL_REALDATA_DIR) / "card_sds200" / "BCDx36HP";
+    if (!fs::exists(real / "scanner.inf")) QSKIP("no real card data");
+    Fixture f("");
+    const fs::path root = fs::path(f.dir.file("real")) / "BCDx36HP";
+    fs::create_directories(root / "favorites_lists");
+    for (const char* file : {"scanner.inf", "profile.cfg", "favorites_lists/f_list.cfg",
+                             "favorites_lists/f_000001.hpd"}) {
+      fs::copy_file(real / file, root / file);
+    }
+    f.roots.add(f.dir.file("real"));
+    f.lists = (root / "favorites_lists").string();
+    f.open();
+    QVERIFY(f.window->label3Text().startsWith("SDSx00 series detected at drive "));
+    QCOMPARE(f.window->listView()->topLevelItemCount(), 1);
+    QCOMPARE(f.rowText(0, 1), QString("B"));
+    f.readList(1);
+    QVERIFY(f.session.document().data.contains("SYS-001"));
+    f.child<QLineEdit>("Text1")->setText("Copy");
+    f.click("Command13");
+    QCOMPARE(f.window->label3Text(), QString("Save finished."));
+    QVERIFY(exists(f.lists + "/f_000002.hpd"));
+    QVERIFY(f.config().find("F-List\tCopy\tf_000002.hpd\t") != std::string::npos);
+    f.window->listView()->clearSelection();
+    QVERIFY(f.window->selectList(2));
+    f.feedback.answers = {Answer::Yes};
+    f.click("Command4");
+    QVERIFY(exists(f.lists + "/f_000002.bac"));
+    QVERIFY(!exists(f.lists + "/f_000002.hpd"));
+    QCOMPARE(slurp(f.lists + "/f_000001.hpd"),
+             slurp((real / "favorites_lists/f_000001.hpd").string()));
+  }
+};
+
+QTEST_MAIN(PatrolWindowTest)
+#include "patrol_window_test.moc"
