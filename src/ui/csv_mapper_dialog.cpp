@@ -81,6 +81,7 @@ CsvMapperDialog::CsvMapperDialog(Session& session, Feedback& feedback, GridPage*
   auto* gridColumn = new QVBoxLayout;
   gridColumn->addWidget(combos_);
   gridColumn->addWidget(view_, 1);
+  gridColumn->addWidget(buildTransfers());
   auto* side = new QVBoxLayout;
   side->addWidget(buildLineFilters());
   side->addWidget(buildCellFilters());
@@ -119,11 +120,27 @@ QWidget* CsvMapperDialog::buildButtons() {
   button("Auto Detect", "cmdAutoDetect", [this] { autoDetect(); });
   button("Add Column", "cmdAddColumn", [this] { addColumn(); });
   row->addStretch(1);
+  return bar;
+}
+
+QWidget* CsvMapperDialog::buildTransfers() {
+  auto* bar = new QWidget(this);
+  auto* row = new QHBoxLayout(bar);
+  row->setContentsMargins(0, 0, 0, 0);
+  auto button = [&](const char* caption, const char* name, auto handler) {
+    auto* b = new QPushButton(caption, bar);
+    b->setObjectName(name);
+    b->setAutoDefault(false);
+    connect(b, &QPushButton::clicked, this, handler);
+    row->addWidget(b);
+    return b;
+  };
   button("Save CSV", "mnu_csv", [this] { saveCsvDialog(); });
   button("Copy To Clipboard", "mnu_copy", [this] { copyToClipboard(); });
   paste_ = button("Paste Frequencies", "cmdPaste", [this] { pasteFrequencies(); });
   paste_->setEnabled(grid_ != nullptr);
   button("To CSV", "mnu_exp", [this] { toCsvDialog(); });
+  row->addStretch(1);
   return bar;
 }
 

@@ -71,6 +71,7 @@ class CsvMapperDialog : public QDialog {
   QWidget* buildLineFilters();
   QWidget* buildCellFilters();
   QWidget* buildButtons();
+  QWidget* buildTransfers();
   void refresh();
   void rebuildMeaningBoxes();
   std::vector<int> chosenRows() const;

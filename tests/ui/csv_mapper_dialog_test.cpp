@@ -1,6 +1,8 @@
 // The CSV mapper window: loading with the line limit and the separators, meanings chosen
 // by hand and by detection, line and cell filters, the exports, and "Paste Frequencies"
 // into the grid on show through the cell commit; its place kept in the "csv" section.
+#include "ui/csv_mapper_dialog.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -17,7 +19,6 @@
 
 #include "core/record_line.h"
 #include "dialog_fixture.h"
-#include "ui/csv_mapper_dialog.h"
 
 using namespace zel;
 
@@ -200,13 +201,17 @@ class CsvMapperDialogTest : public QObject {
     QCOMPARE(d.size(), QSize(900, 700));
     QCOMPARE(d.pos(), QPoint(100, 200));
     d.show();
-    d.resize(960, 720);
+    // A size the layout allows, kept in twips (15 a pixel) when the window closes.
+    const QSize wanted = d.minimumSizeHint().expandedTo(QSize(960, 720)) + QSize(20, 10);
+    d.resize(wanted);
     d.close();
     std::string raw;
     QVERIFY(f.store.read("csv", "csvwidth", raw));
-    QCOMPARE(raw, std::string("14400x"));
+    QCOMPARE(raw, std::to_string(wanted.width() * 15) + "x");
     QVERIFY(f.store.read("csv", "csvheight", raw));
-    QCOMPARE(raw, std::string("10800x"));
+    QCOMPARE(raw, std::to_string(wanted.height() * 15) + "x");
+    QVERIFY(f.store.read("csv", "csvleft", raw));
+    QCOMPARE(raw, std::to_string(d.x() * 15) + "x");
   }
 };
 

@@ -13,6 +13,7 @@
 #include "core/memory_ports.h"
 #include "core/new_commands.h"
 #include "core/session.h"
+#include "core/text.h"
 #include "core/tree_operations.h"
 #include "grid/grid_routines.h"
 #include "test_folder.h"

@@ -1,6 +1,8 @@
 // Enhanced Find over a document of page files and the grid on show: the search started by
 // the window's timer, ORG/DUP rows, Select Dups with Delete Selected Channels, the stop
 // button against the progress bar, the review of locked rows and the Unlock submenu.
+#include "ui/enhanced_find_dialog.h"
+
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
@@ -8,7 +10,6 @@
 
 #include "core/record_line.h"
 #include "dialog_fixture.h"
-#include "ui/enhanced_find_dialog.h"
 
 using namespace zel;
 
@@ -36,9 +37,8 @@ class EnhancedFindDialogTest : public QObject {
     const int sys = f.addSystem();
     const std::string shown = f.firstDepartment(sys);
     f.fill(shown, {"1,154.100000,Fire Main,Off,NFM", "2,155.220000,Police,Off,FM"});
-    const std::string other = f.addDepartment(sys, {"1,154.1,Fire Two,Off,AM",
-                                                    "2,460.5,Works,Off,FM",
-                                                    "3,154.1000,Fire Three,Off,FM"});
+    const std::string other = f.addDepartment(
+        sys, {"1,154.1,Fire Two,Off,AM", "2,460.5,Works,Off,FM", "3,154.1000,Fire Three,Off,FM"});
     const int sys2 = f.addSystem();
     f.addDepartment(sys2, {"1,154.100000,Elsewhere,Off,FM", "2,155.220000,Far,Off,FM"});
     GridPage* grid = f.show(shown);
@@ -72,9 +72,8 @@ class EnhancedFindDialogTest : public QObject {
     ui::EnhancedFindDialog d(f.session, f.feedback, nullptr, f.onChange());
     QVERIFY(!d.startInCurrentSystem());
     QVERIFY(!d.prepare(dups::Selector::TalkgroupsOneSystem));
-    QCOMPARE(f.feedback.messages,
-             (std::vector<std::string>{"Please click on a system first.",
-                                       "Please click on a system first."}));
+    QCOMPARE(f.feedback.messages, (std::vector<std::string>{"Please click on a system first.",
+                                                            "Please click on a system first."}));
     QVERIFY(!d.isVisible());
   }
 
@@ -85,8 +84,8 @@ class EnhancedFindDialogTest : public QObject {
     f.fill(shown, {"1,154.100000,A,Off", "2,460.000000,B,Off", "3,154.100050,C,Off",
                    "4,851.012500,D,Off"});
     const int sys2 = f.addSystem();
-    const std::string page = f.addDepartment(sys2, {"1,851.0125,E,Off", "2,154.1,F,Off",
-                                                    "3,853.000000,G,Off", "4,851.012500,H,Off"});
+    const std::string page = f.addDepartment(
+        sys2, {"1,851.0125,E,Off", "2,154.1,F,Off", "3,853.000000,G,Off", "4,851.012500,H,Off"});
     GridPage* grid = f.show(shown);
     ui::EnhancedFindDialog d(f.session, f.feedback, grid, f.onChange());
     d.show();
@@ -172,8 +171,7 @@ class EnhancedFindDialogTest : public QObject {
     const std::string far = f.addDepartment(sys2, {"1,453.000000,D,On"});
     f.session.document().data.setText(
         f.session.document().data.find(keys::system(sys)),
-        record::withField(treemod::getText(f.session.document().data, keys::system(sys)), 5,
-                          "1"));
+        record::withField(treemod::getText(f.session.document().data, keys::system(sys)), 5, "1"));
     GridPage* grid = f.show(shown);
     ui::EnhancedFindDialog d(f.session, f.feedback, grid, f.onChange());
 
@@ -190,8 +188,7 @@ class EnhancedFindDialogTest : public QObject {
     QCOMPARE(test::DialogFixture::cell(grid, 1, "Avoid"), std::string("Off"));
     QCOMPARE(record::field(f.session.pages().load(page).front(), 3), std::string("Off"));
     QCOMPARE(record::field(f.session.pages().load(far).front(), 3), std::string("On"));
-    QCOMPARE(treemod::getField(f.session.document().data, keys::system(sys), 5),
-             std::string("0"));
+    QCOMPARE(treemod::getField(f.session.document().data, keys::system(sys), 5), std::string("0"));
     QCOMPARE(f.reloads, 1);
     QCOMPARE(d.unlock(dups::UnlockScope::ConventionalChannels), 1);
     QCOMPARE(record::field(f.session.pages().load(far).front(), 3), std::string("Off"));
