@@ -9,8 +9,11 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "grid/cell_commit.h"
 #include "grid/find_replace.h"
+#include "grid/vocabulary.h"
 #include "ui/dialog_pages.h"
 #include "ui/qt_feedback.h"
 
@@ -113,6 +116,40 @@ std::vector<int> FindDialog::find() {
   return found.rows;
 }
 
+int FindDialog::replaceIn(GridPage& grid, const std::string& heading, const std::string& search,
+                          const std::string& by) {
+  const int col = grid.findColumn(heading);
+  if (col < 0) return 0;
+  std::vector<std::string> before;
+  for (int r = 0; r < grid.rows(); ++r) before.push_back(grid.textMatrix(r, col));
+  const int replaced = replaceInGrid(grid, heading, search, by);
+  if (replaced == 0) return 0;
+  // A replaced text is a new value of its cell: it passes the cell commit of the heading,
+  // and a list column takes only a word of its list, as a typed value would.
+  const cell::CommitEnv env = commitEnv(session_, feedback_);
+  const bool ruled = cell::ruleForHeading(heading).has_value();
+  const std::vector<std::string>& words = vocab::tabel(grid.textMatrix(0, col));
+  const int keepRow = grid.row(), keepCol = grid.col();
+  int changed = 0;
+  for (int r = 1; r < grid.rows(); ++r) {
+    if (grid.textMatrix(r, col) == before[r]) continue;
+    std::string text = grid.textMatrix(r, col);
+    bool stored = true;
+    if (ruled) {
+      grid.setRow(r);
+      grid.setCol(col);
+      stored = cell::cellCommit(&grid, text, cell::kModePlain, env) == cell::CommitStatus::Stored;
+    } else if (!words.empty() && !text.empty()) {
+      stored = std::find(words.begin(), words.end(), text) != words.end();
+    }
+    if (!stored) grid.setTextMatrix(r, col, before[r]);
+    changed += grid.textMatrix(r, col) != before[r] ? 1 : 0;
+  }
+  grid.setRow(keepRow);
+  grid.setCol(keepCol);
+  return changed;
+}
+
 int FindDialog::replace() {
   const std::string heading = toLatin1(column());
   const std::string search = toLatin1(find_->text());
@@ -121,14 +158,14 @@ int FindDialog::replace() {
   if (allBanks_->isChecked()) {
     const dups::OpenPage open = openPageOf(session_, grid_);
     forEachDepartmentGrid(session_, open, [&](const std::string&, GridPage& grid) {
-      const int n = replaceInGrid(grid, heading, search, by);
+      const int n = replaceIn(grid, heading, search, by);
       cells += n;
       return n > 0;
     });
     // The grid on show may belong to no department (a page not yet stored).
-    if (grid_ && !open.grid) cells += replaceInGrid(*grid_, heading, search, by);
+    if (grid_ && !open.grid) cells += replaceIn(*grid_, heading, search, by);
   } else if (grid_) {
-    cells = replaceInGrid(*grid_, heading, search, by);
+    cells = replaceIn(*grid_, heading, search, by);
   }
   if (cells > 0) {
     session_.document().changed = true;

@@ -4,6 +4,8 @@
 
 #include <QDialog>
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "core/session.h"
 #include "grid/grid_page.h"
@@ -31,7 +33,8 @@ class FindDialog : public QDialog {
 
   // "Find >": the rows of the open grid that match, in order; the last stays selected.
   std::vector<int> find();
-  // "Replace >": returns the cells changed.
+  // "Replace >": returns the cells changed. Each replaced text passes the cell commit of
+  // the column (a list column keeps only a word of its list).
   int replace();
 
   // The chosen column's heading: "Frequency" when none is chosen.
@@ -40,6 +43,8 @@ class FindDialog : public QDialog {
 
  private:
   void fillColumns();
+  int replaceIn(GridPage& grid, const std::string& heading, const std::string& search,
+                const std::string& by);
   void report(const QString& text);
 
   Session& session_;

@@ -102,6 +102,33 @@ class FindDialogTest : public QObject {
     QCOMPARE(f.reloads, 3);
   }
 
+  void aReplacedValuePassesTheCellCommit() {
+    test::DialogFixture f;
+    const int sys = f.addSystem();
+    const std::string dept = f.firstDepartment(sys);
+    f.fill(dept, {"1,154.100000,A,Off", "2,460.100000,B,Off"});
+    GridPage* grid = f.show(dept);
+    ui::FindDialog d(f.session, f.feedback, grid, f.onChange());
+    auto* find = child<QLineEdit>(&d, "txtFind");
+    auto* by = child<QLineEdit>(&d, "txtReplace");
+    find->setText("154.1");
+    by->setText("155.123");
+    QCOMPARE(d.replace(), 1);
+    // 155.12300000 is read as a frequency: off every raster, down to 5 kHz.
+    QCOMPARE(test::DialogFixture::cell(grid, 1, "Frequency"), std::string("155.120000"));
+    QCOMPARE(test::DialogFixture::cell(grid, 2, "Frequency"), std::string("460.100000"));
+
+    // A list column keeps only its own words.
+    chooseColumn(d, "Avoid");
+    find->setText("off");
+    by->setText("Maybe");
+    QCOMPARE(d.replace(), 0);
+    QCOMPARE(test::DialogFixture::cell(grid, 1, "Avoid"), std::string("Off"));
+    by->setText("On");
+    QCOMPARE(d.replace(), 2);
+    QCOMPARE(test::DialogFixture::cell(grid, 2, "Avoid"), std::string("On"));
+  }
+
   void withoutAGridNothingIsSearched() {
     test::DialogFixture f;
     ui::FindDialog d(f.session, f.feedback, nullptr, f.onChange());
