@@ -39,6 +39,18 @@ std::string departmentOfRow(std::string_view key) {
 
 }  // namespace
 
+void addDuplicateSearchEntries(QMenu* menu, const std::function<EnhancedFindDialog&()>& dialog) {
+  QObject::connect(menu->addAction("In Current System"), &QAction::triggered, menu,
+                   [dialog] { dialog().startInCurrentSystem(); });
+  // Offered, with no search behind it: choosing it only closes the menu.
+  menu->addAction("In Current System With Subtone");
+  QObject::connect(menu->addAction("In All Systems (Frequencies)"), &QAction::triggered, menu,
+                   [dialog] { dialog().start(dups::Selector::FrequenciesAll); });
+  QObject::connect(menu->addAction("In All Systems (TGid)"), &QAction::triggered, menu,
+                   [dialog] { dialog().start(dups::Selector::TalkgroupsAll); });
+  menu->addAction("In All Systems With Subtone");
+}
+
 bool isConventionalSystem(const Document& doc, int system) {
   const std::string& type = doc.systems.get(system, 10);
   if (!type.empty()) return type == "0";

@@ -19,6 +19,7 @@
 
 class QHBoxLayout;
 class QLabel;
+class QMenu;
 class QMenuBar;
 class QProgressBar;
 class QPushButton;
@@ -112,6 +113,13 @@ class EnhancedFindDialog : public QDialog {
   QPushButton* stop_ = nullptr;
   QLabel* count_ = nullptr;
 };
+
+// Fills a "Find Duplicates" (or "Remove Duplicates") submenu with its entries: "In Current
+// System", "In Current System With Subtone", "In All Systems (Frequencies)", "In All
+// Systems (TGid)", "In All Systems With Subtone". The two subtone entries do nothing. The
+// others ask `dialog` for the window (made on first use by the caller) and start its
+// search.
+void addDuplicateSearchEntries(QMenu* menu, const std::function<EnhancedFindDialog&()>& dialog);
 
 // Whether a system's record makes it conventional: the system table's type "0", or, for a
 // system the table does not know, its record's type label.

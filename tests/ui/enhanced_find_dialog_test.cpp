@@ -3,6 +3,7 @@
 // button against the progress bar, the review of locked rows and the Unlock submenu.
 #include "ui/enhanced_find_dialog.h"
 
+#include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
@@ -64,6 +65,40 @@ class EnhancedFindDialogTest : public QObject {
     d.runSearch();
     QCOMPARE(list->topLevelItemCount(), 0);
     (void)other;
+  }
+
+  void theDuplicatesSubmenuStartsItsSearches() {
+    test::DialogFixture f;
+    const int sys = f.addSystem("New P25 Trunk System");
+    f.fill(f.firstDepartment(sys), {"1,1234,Fire,Off", "2,01234,Fire B,Off", "3,1234,EMS,Off"});
+    GridPage* grid = f.show(f.firstDepartment(sys));
+    std::unique_ptr<ui::EnhancedFindDialog> made;
+    int asked = 0;
+    QMenu menu;
+    ui::addDuplicateSearchEntries(&menu, [&]() -> ui::EnhancedFindDialog& {
+      ++asked;
+      if (!made)
+        made = std::make_unique<ui::EnhancedFindDialog>(f.session, f.feedback, grid, f.onChange());
+      return *made;
+    });
+    QStringList captions;
+    for (QAction* a : menu.actions()) captions << a->text();
+    QCOMPARE(captions, (QStringList{"In Current System", "In Current System With Subtone",
+                                    "In All Systems (Frequencies)", "In All Systems (TGid)",
+                                    "In All Systems With Subtone"}));
+    menu.actions()[1]->trigger();
+    QCOMPARE(asked, 0);  // the subtone entries have no search behind them
+
+    // A trunked system: talkgroups, compared as text (1234 and 01234 are two values).
+    menu.actions()[0]->trigger();
+    QCOMPARE(made->selector(), dups::Selector::TalkgroupsOneSystem);
+    QTRY_COMPARE(made->list()->topLevelItemCount(), 2);
+    QCOMPARE(column(made->list(), 1), (QStringList{"ORG:1234", "DUP:1234"}));
+    menu.actions()[3]->trigger();
+    QCOMPARE(made->selector(), dups::Selector::TalkgroupsAll);
+    QTRY_COMPARE(made->progressBar()->value(), 100);
+    QCOMPARE(column(made->list(), 1), (QStringList{"ORG:1234", "DUP: 1234"}));
+    QCOMPARE(asked, 2);
   }
 
   void aSearchOfOneSystemNeedsASystem() {
