@@ -32,7 +32,10 @@ DepartmentForm::DepartmentForm(Document& document, Feedback& feedback, QWidget* 
   QSpinBox* quickKey = binder_->keyNumber(10, 99, "Off", this);
   quickKey->setObjectName("quickKey");
   form_->addRow(tr("Quick key:"), quickKey);
-  QComboBox* filter = binder_->choice(11, choicesOf(vocab::tabel("ufilter")), this);
+  // A department without a filter of its own is written with the global one.
+  std::vector<Choice> filters = choicesOf(vocab::tabel("ufilter"));
+  if (!filters.empty()) filters.front().alias = "";
+  QComboBox* filter = binder_->choice(11, filters, this);
   filter->setObjectName("filter");
   form_->addRow(tr("Filter:"), filter);
   filterRow_ = filter;

@@ -19,6 +19,7 @@ namespace {
 
 // Entries of a drop list beyond its vocabulary carry this mark, so a refill can drop them.
 constexpr int kExtraRole = Qt::UserRole + 2;
+constexpr int kAliasRole = Qt::UserRole + 3;
 
 void markRefused(QLineEdit* edit, const QString& why) {
   edit->setStyleSheet("QLineEdit { border: 1px solid #c0392b; }");
@@ -124,13 +125,24 @@ QCheckBox* FieldBinder::onOff(int n, const QString& caption, rules::SwitchForm p
 QComboBox* FieldBinder::choice(int n, std::vector<Choice> choices, QWidget* parent) {
   auto* box = new QComboBox(parent);
   box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-  for (const Choice& c : choices) box->addItem(c.caption, fromLatin1(c.word));
+  for (const Choice& c : choices) {
+    box->addItem(c.caption, fromLatin1(c.word));
+    if (c.alias) box->setItemData(box->count() - 1, fromLatin1(*c.alias), kAliasRole);
+  }
   const int listed = box->count();
   widgets_.push_back(box);
   loaders_.push_back([this, box, n, listed] {
     while (box->count() > listed) box->removeItem(box->count() - 1);
+    if (key_.empty() || !document_.data.contains(key_)) {
+      box->setCurrentIndex(-1);
+      return;
+    }
     const QString word = fromLatin1(field(n));
     int at = box->findData(word);
+    for (int i = 0; at < 0 && i < listed; ++i) {
+      const QVariant alias = box->itemData(i, kAliasRole);
+      if (alias.isValid() && alias.toString() == word) at = i;
+    }
     if (at < 0) {
       box->addItem(word.isEmpty() ? QStringLiteral("(empty)") : word, word);
       at = box->count() - 1;

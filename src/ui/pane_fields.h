@@ -40,6 +40,8 @@ using FieldRule = std::function<std::optional<std::string>(std::string_view type
 struct Choice {
   std::string word;
   QString caption;
+  // Another word of the record that means the same entry ("" for a field left empty).
+  std::optional<std::string> alias = std::nullopt;
 };
 // The words of a list shown as they are.
 std::vector<Choice> choicesOf(const std::vector<std::string>& words);

@@ -21,6 +21,8 @@ namespace {
 // Empty rows below the last child, where new children are typed.
 constexpr int kSpareRows = 5;
 constexpr int kTwipsPerPixel = 15;
+// Rows looked at when a column is sized to its contents: a list of thousands stays quick.
+constexpr int kContentRows = 200;
 }  // namespace
 
 RecordGridModel::RecordGridModel(Feedback& feedback, QObject* parent)
@@ -63,6 +65,7 @@ RecordGrid::RecordGrid(Document& document, Feedback& feedback, RecordGridSpec sp
   view_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                          QAbstractItemView::AnyKeyPressed);
   view_->horizontalHeader()->setStretchLastSection(true);
+  view_->horizontalHeader()->setResizeContentsPrecision(kContentRows);
   view_->verticalHeader()->setDefaultSectionSize(22);
   layout->addWidget(view_, 1);
 
@@ -115,8 +118,11 @@ void RecordGrid::load(const std::string& parentKey) {
   // The document's mark is set when a value reaches a line, not when it reaches the grid.
   env.changed = nullptr;
   model_->setPage(&page_, env);
+  // Wide enough for what the first rows hold, and never below the stored width.
+  view_->resizeColumnsToContents();
   for (int c = 1; c < page_.cols(); ++c) {
-    view_->setColumnWidth(c - 1, std::max(60, page_.colWidth(c) / kTwipsPerPixel));
+    const int stored = std::max(60, page_.colWidth(c) / kTwipsPerPixel);
+    view_->setColumnWidth(c - 1, std::max(stored, view_->columnWidth(c - 1) + 12));
   }
   const bool enabled = !parentKey.empty() && tree.contains(parentKey);
   view_->setEnabled(enabled);

@@ -90,8 +90,10 @@ SystemForm::SystemForm(Document& document, Feedback& feedback, GridSetup setup, 
   addRow(14, tr("Number tag:"), binder_->keyNumber(14, 999, "Off", page));
   addRow(15, tr("Hold time (s):"), binder_->number(15, 0, kMaxHoldTime, page));
   addRow(8, binder_->onOff(8, tr("ID search"), rules::SwitchForm::Digits, page));
-  addRow(9, tr("Emergency alert:"),
-         binder_->choice(9, choicesOf(vocab::tabel("Alert Tone")), page));
+  // A file's "Off" reaches the record as "0", as every switch of a system line does.
+  std::vector<Choice> alert = choicesOf(vocab::tabel("Alert Tone"));
+  if (!alert.empty()) alert.front().alias = "0";
+  addRow(9, tr("Emergency alert:"), binder_->choice(9, alert, page));
   addRow(10, tr("Alert level:"), binder_->choice(10, choicesOf(vocab::tabel("Alert Level")), page));
   addRow(11, binder_->onOff(11, tr("Status bit"), rules::SwitchForm::Digits, page));
   addRow(17, tr("End code:"), binder_->choice(17, choicesOf(vocab::tabel("mot_end1")), page));

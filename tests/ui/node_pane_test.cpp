@@ -120,6 +120,9 @@ class NodePaneTest : public QObject {
     QVERIFY(!system->tabs()->isTabVisible(1));
     QVERIFY(system->tabs()->isTabVisible(2));
     QCOMPARE(f.find<QSpinBox>("field13")->value(), 1);  // the system's quick key
+    // The reader holds the file's "Off" of the emergency alert as "0"; the list shows Off.
+    QCOMPARE(f.find<QComboBox>("field9")->currentText(), QString("Off"));
+    QCOMPARE(f.find<QComboBox>("field9")->count(), 10);
     QCOMPARE(system->unitIds()->grid()->rowKey(1), std::string("UDD-001-00-0001"));
     QCOMPARE(QString::fromStdString(system->unitIds()->grid()->page().textMatrix(1, 2)),
              QString("Station 1"));
@@ -145,6 +148,7 @@ class NodePaneTest : public QObject {
     QCOMPARE(f.find<QLineEdit>("name")->text(), QString("Fire Departments - North Royalton"));
     QCOMPARE(f.find<QSpinBox>("quickKey")->value(), 1);
     QVERIFY(f.pane->departmentForm()->filterShown());
+    QCOMPARE(f.find<QComboBox>("filter")->currentText(), QString("Global"));
 
     f.pane->showNode("FAV-001", "FAV");
     QVERIFY(f.pane->currentWidget() != f.pane->systemForm());
