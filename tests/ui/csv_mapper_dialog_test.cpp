@@ -86,6 +86,15 @@ class CsvMapperDialogTest : public QObject {
     QCOMPARE(d.mapper().rowCount(), 4);
     QCOMPARE(cell(d, 2, 2), QString("fire main"));
 
+    // The clipboard is read like a file, with the same separator.
+    QApplication::clipboard()->setText("1;2;3;4\n5;6\n");
+    click(&d, "Command6");
+    QCOMPARE(d.mapper().rowCount(), 2);
+    QCOMPARE(d.mapper().columnCount(), 4);
+    QCOMPARE(d.workGrid()->model()->columnCount(), 4);
+    QCOMPARE(d.meaningBox(4)->currentText(), QString("Unknown"));
+    QVERIFY(d.loadText(text));
+
     click(&d, "cmdRemoveEmpty");
     QCOMPARE(d.mapper().rowCount(), 3);
     child<QCheckBox>(&d, "chkDash")->setChecked(true);

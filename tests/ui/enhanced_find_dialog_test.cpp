@@ -132,6 +132,15 @@ class EnhancedFindDialogTest : public QObject {
 
     click(&d, "cmdDelete");
     QCOMPARE(f.feedback.messages.back(), std::string("Please select at least one duplicate."));
+    click(&d, "cmdSelectAll");
+    QCOMPARE(d.list()->topLevelItem(0)->checkState(0), Qt::Checked);
+    click(&d, "cmdUnSelectAll");
+    QCOMPARE(d.list()->topLevelItem(5)->checkState(0), Qt::Unchecked);
+    // One line a row, the columns joined by tabs.
+    click(&d, "cmdCopy");
+    const QStringList copied = QApplication::clipboard()->text().split("\r\n", Qt::SkipEmptyParts);
+    QCOMPARE(copied.size(), 6);
+    QCOMPARE(copied[1].split('\t').mid(0, 4), (QStringList{"2", "DUP: 154.100050", "", "C"}));
 
     click(&d, "cmdSelectDups");
     f.feedback.answers = {Answer::No};
