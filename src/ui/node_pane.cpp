@@ -39,7 +39,29 @@ NodePane::NodePane(Session& session, Feedback& feedback, QWidget* parent)
   connect(system_, &SystemForm::nameStored, this, &NodePane::onNameStored);
   connect(site_, &SiteForm::nameStored, this, &NodePane::onNameStored);
   connect(department_, &DepartmentForm::nameStored, this, &NodePane::onNameStored);
+  connect(this, &QStackedWidget::currentChanged, this, [this] { fitToCurrent(); });
   setCurrentWidget(empty_);
+  fitToCurrent();
+}
+
+void NodePane::fitToCurrent() {
+  // A stacked widget asks for the room of its largest page; the pane asks only for the
+  // room of the page on show, so a department's short form leaves space to its channels.
+  for (int i = 0; i < count(); ++i) {
+    QWidget* page = widget(i);
+    const bool shown = page == currentWidget();
+    page->setSizePolicy(shown ? QSizePolicy::Preferred : QSizePolicy::Ignored,
+                        shown ? QSizePolicy::Preferred : QSizePolicy::Ignored);
+  }
+  updateGeometry();
+}
+
+QSize NodePane::sizeHint() const {
+  return currentWidget() ? currentWidget()->sizeHint() : QStackedWidget::sizeHint();
+}
+
+QSize NodePane::minimumSizeHint() const {
+  return currentWidget() ? currentWidget()->minimumSizeHint() : QStackedWidget::minimumSizeHint();
 }
 
 void NodePane::showNode(std::string_view key, std::string_view kind) {

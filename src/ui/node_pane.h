@@ -47,6 +47,9 @@ class NodePane : public QStackedWidget {
   // Writes an edit that is still open in the pane to its record.
   void storeNode();
   const std::string& shownKey() const { return key_; }
+  // The room of the page on show, not of the largest page.
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
   SystemForm* systemForm() const { return system_; }
   SiteForm* siteForm() const { return site_; }
@@ -59,6 +62,7 @@ class NodePane : public QStackedWidget {
 
  private:
   void onNameStored(const QString& key);
+  void fitToCurrent();
 
   Session& session_;
   Feedback& feedback_;

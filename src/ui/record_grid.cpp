@@ -1,6 +1,5 @@
 #include "ui/record_grid.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -205,10 +204,11 @@ void RecordGrid::removeSelected() {
 }
 
 void RecordGrid::flush() {
-  // An editor still open in the grid holds a value the user means to keep.
-  QWidget* focus = QApplication::focusWidget();
-  if (focus && view_->viewport()->isAncestorOf(focus)) {
-    QMetaObject::invokeMethod(view_, "commitData", Qt::DirectConnection, Q_ARG(QWidget*, focus));
+  // An editor still open in the grid holds a value the user means to keep. Editors are the
+  // direct children of the viewport.
+  for (QWidget* editor : view_->viewport()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    if (!editor->isVisible()) continue;
+    QMetaObject::invokeMethod(view_, "commitData", Qt::DirectConnection, Q_ARG(QWidget*, editor));
   }
 }
 

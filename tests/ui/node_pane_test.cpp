@@ -417,6 +417,18 @@ class NodePaneTest : public QObject {
     QCOMPARE(QString::fromStdString(record::field(f.line(kP25Site), 4)), QString("Simulcast"));
     f.pane->storeNode();
     QCOMPARE(QString::fromStdString(record::field(f.line(kP25Site), 4)), QString("Downtown"));
+
+    // The same for a grid cell whose editor is still open.
+    f.pane->siteForm()->tabs()->setCurrentIndex(1);
+    QTableView* view = f.pane->siteForm()->frequencies()->view();
+    const QModelIndex lcn = view->model()->index(1, 1);
+    view->edit(lcn);
+    QLineEdit* editor = view->viewport()->findChild<QLineEdit*>();
+    QVERIFY(editor);
+    editor->setText("9");
+    f.pane->storeNode();
+    QCOMPARE(QString::fromStdString(treemod::getField(f.doc().data, "TFQ-001-001-002", 2)),
+             QString("9"));
   }
 
   void fieldRules() {
