@@ -22,6 +22,7 @@
 #include "grid/row_record.h"
 #include "ui/grid_page_model.h"
 #include "ui/qt_feedback.h"
+#include "ui/vc_window.h"
 
 namespace zel::ui {
 
@@ -166,6 +167,15 @@ void MainWindow::buildMenus() {
   QMenu* scanner = menuBar()->addMenu("&Scanner");
   addCommand(scanner, "Read Data", [this] { later("Read Data"); });
   addCommand(scanner, "Write Data", [this] { later("Write Data"); });
+  scanner->addSeparator();
+  addCommand(scanner, "Virtual Control BCDx36HP / UBCD3600XLT", [this] {
+    openVirtualControl(this, session_.settingsCodec().store(), feedback_, session_.folders().data,
+                       control::Family::Bcd);
+  }, QKeySequence("Ctrl+Shift+V"));
+  addCommand(scanner, "Virtual Control SDS100 / SDS200", [this] {
+    openVirtualControl(this, session_.settingsCodec().store(), feedback_, session_.folders().data,
+                       control::Family::Sds);
+  }, QKeySequence("Ctrl+Alt+V"));
 
   QMenu* profile = menuBar()->addMenu("&Profile");
   addCommand(profile, "Open Profile", [this] { openProfileCommand(); });

@@ -1,0 +1,103 @@
+// The virtual control windows opened from the main window's Scanner menu, talking to the
+// simulated scanner through a real pseudo-terminal: the display fills, a key press reaches
+// the scanner, and transmissions land in the activity log.
+#include <QComboBox>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+#include "core/memory_ports.h"
+#include "test_folder.h"
+#include "ui/main_window.h"
+#include "ui/vc_log_grid.h"
+#include "ui/vc_scanner_face.h"
+#include "ui/vc_window.h"
+
+using namespace zel;
+
+class VcWindowTest : public QObject {
+  Q_OBJECT
+
+  struct Simulator {
+    QProcess process;
+    QString device;
+    explicit Simulator(const QString& model) {
+      process.start(QString(ZEL_BIN_DIR) + "/zel",
+                    {"sim", "scanner", "--model", model, "--seed", "7"});
+      if (process.waitForReadyRead(5000)) device = QString::fromUtf8(process.readLine()).trimmed();
+    }
+    ~Simulator() {
+      process.terminate();
+      if (!process.waitForFinished(2000)) process.kill();
+    }
+  };
+
+  struct Fixture {
+    TestFolder dir;
+    MemorySettingsStore store;
+    RecordingFeedback feedback;
+    ManualClock clock;
+    Session session{store, feedback, clock, dir.file("data")};
+    std::unique_ptr<ui::MainWindow> window;
+    Fixture() {
+      session.start(false);
+      window = std::make_unique<ui::MainWindow>(session, feedback);
+      window->show();
+    }
+    ui::VirtualControlWindow* open(const QString& caption) {
+      if (!window->runCommand(caption)) return nullptr;
+      return window->findChild<ui::VirtualControlWindow*>();
+    }
+  };
+
+  static void connectTo(ui::VirtualControlWindow* vc, const QString& device) {
+    // The saved port is restored half a second after the window opens; a port chosen
+    // before that would be replaced by it.
+    QTest::qWait(700);
+    QComboBox* ports = vc->portList();
+    ports->lineEdit()->setText(device);
+    QTest::keyClick(ports->lineEdit(), Qt::Key_Return);
+    for (QPushButton* b : vc->findChildren<QPushButton*>())
+      if (b->text() == "Connect") b->click();
+  }
+
+ private slots:
+  void bcdWindowShowsTheScannerAndLogsItsTransmissions() {
+    Simulator sim("BCD536HP");
+    QVERIFY2(sim.device.startsWith("/dev/"), qPrintable(sim.device));
+    Fixture f;
+    ui::VirtualControlWindow* vc = f.open("Virtual Control BCDx36HP / UBCD3600XLT");
+    QVERIFY(vc);
+    connectTo(vc, sim.device);
+    QTRY_VERIFY_WITH_TIMEOUT(!vc->control().status.screenText.empty(), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(vc->control().status.model.find("BCD536HP") != std::string::npos,
+                             5000);
+    // A key on the face goes to the scanner as a key command and is answered.
+    QPushButton* hold = vc->face()->key("CHANNEL");
+    QVERIFY(hold);
+    hold->click();
+    QTRY_VERIFY_WITH_TIMEOUT(vc->logPanel()->model()->rowCount() > 0, 20000);
+    vc->close();
+    // The window keeps its port for the next time.
+    std::string stored;
+    QVERIFY(f.store.read("vc", "comport", stored));
+  }
+
+  void sdsWindowReadsTheScannerInfoReply() {
+    Simulator sim("SDS200");
+    QVERIFY(sim.device.startsWith("/dev/"));
+    Fixture f;
+    ui::VirtualControlWindow* vc = f.open("Virtual Control SDS100 / SDS200");
+    QVERIFY(vc);
+    connectTo(vc, sim.device);
+    QTRY_VERIFY_WITH_TIMEOUT(!vc->control().status.gsiText.empty(), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(vc->control().status.model.find("SDS200") != std::string::npos,
+                             5000);
+    vc->close();
+  }
+};
+
+QTEST_MAIN(VcWindowTest)
+#include "vc_window_test.moc"
