@@ -1,9 +1,12 @@
-// zel card list | delete | order | orphans | qkeys: the favorites lists of the card.
+// zel card list | delete | order | orphans | qkeys | enable-all: the favorites lists of the
+// card.
 #include <csignal>
 #include <iostream>
 #include <memory>
 
 #include "cli/cmd_card_common.h"
+#include "core/memory_ports.h"
+#include "formats/profile_config.h"
 #include "formats/text_file.h"
 #include "transfer/favorites_card.h"
 #include "transfer/service_search.h"
@@ -192,5 +195,37 @@ ZEL_COMMAND(48) {
     auto out = card.saveList(list->text, list->caption, std::nullopt, false);
     zel::cli::fail(out.status);
     std::cout << list->caption << " added as " << out.file << "\n";
+  });
+}
+
+ZEL_COMMAND(49) {
+  auto* cmd = cardNoun(app)->add_subcommand(
+      "enable-all",
+      "Enable All Quickkeys/Service Type: every startup and system quick key of the lists on, "
+      "and every service type, custom type and quick key of profile.cfg");
+  auto args = addCardArgs(cmd);
+  auto numbers = std::make_shared<std::vector<int>>();
+  cmd->add_option("N", *numbers, "Numbers of the lists (all lists when none is given)");
+  cmd->callback([args, numbers, &context] {
+    auto card = openCard(context, args->roots);
+    std::vector<int> rows;
+    for (int n : *numbers) {
+      const int row = card.rowOfNumber(n);
+      if (row < 0) throw UserError{"There is no favorites list " + std::to_string(n) + "."};
+      rows.push_back(row);
+    }
+    if (numbers->empty()) {
+      for (std::size_t i = 0; i < card.rows().size(); ++i) rows.push_back(static_cast<int>(i));
+    }
+    card.enableAllKeys(rows);
+    zel::cli::fail(card.writeConfig());
+    // The window's step shows "fix" first; here nothing is shown.
+    zel::RecordingFeedback quiet;
+    const std::string cardRoot =
+        std::filesystem::path(card.paths().folder).parent_path().parent_path().string();
+    const bool profile = zel::formats::enableAllInProfile(cardRoot, "1111111111", quiet);
+    zel::cli::printRows(card, false);
+    std::cout << (profile ? "profile.cfg: every flag on\n"
+                          : "profile.cfg: not found, left alone\n");
   });
 }

@@ -129,4 +129,31 @@ TEST_F(CardCommand, WriteCutOffHalfwayLeavesTheCardAsItWas) {
   EXPECT_EQ(ok.exitCode, 0) << ok.err;
 }
 
+TEST_F(CardCommand, EnableAllTurnsListKeysAndTheProfileOn) {
+  const std::string c = card("c", "BCD536HP");
+  ASSERT_EQ(zel("card qkeys clear" + root(c)).exitCode, 0);
+  const std::string before = slurp(fav(c) / "f_list.cfg");
+  CardRun r = zel("card enable-all 2" + root(c));
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  EXPECT_NE(r.out.find("profile.cfg: every flag on"), std::string::npos) << r.out;
+  EXPECT_EQ(slurp(fav(c) / "f_list.bac"), before);
+  CardRun list = zel("card list --json" + root(c));
+  // List 2 has every key on; list 1 keeps its own flags.
+  EXPECT_NE(list.out.find("\"number\":2,\"name\":\"County P25\""), std::string::npos);
+  EXPECT_NE(list.out.find("\"startupKeys\":\"1111111111\",\"systemKeys\":\"" +
+                          std::string(100, '1') + "\"}]"),
+            std::string::npos)
+      << list.out;
+  EXPECT_NE(list.out.find("\"startupKeys\":\"1000000000\""), std::string::npos) << list.out;
+  const std::string profile = slurp(fs::path(c) / "BCDx36HP" / "profile.cfg");
+  for (const char* word : {"ServiceType\t", "CustomServiceType\t", "QuickKeys\t"}) {
+    const auto at = profile.find(std::string("\n") + word);
+    ASSERT_NE(at, std::string::npos) << word;
+    const std::string line = profile.substr(at + 1, profile.find('\r', at) - at - 1);
+    EXPECT_EQ(line.find("Off"), std::string::npos) << line;
+  }
+  EXPECT_NE(profile.find("Weather\t\t2\tOff\tOff\r\n"), std::string::npos);  // passed through
+  EXPECT_EQ(zel("card enable-all 9" + root(c)).exitCode, 1);
+}
+
 }  // namespace
