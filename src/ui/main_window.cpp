@@ -22,6 +22,10 @@
 #include "grid/row_record.h"
 #include "ui/grid_page_model.h"
 #include "ui/qt_feedback.h"
+#include "ui/csv_mapper_dialog.h"
+#include "ui/enhanced_find_dialog.h"
+#include "ui/find_dialog.h"
+#include "ui/node_pane.h"
 #include "ui/vc_window.h"
 
 namespace zel::ui {
@@ -75,13 +79,9 @@ void MainWindow::buildCentre() {
   f.setPointSizeF(f.pointSizeF() * 1.15);
   paneTitle_->setFont(f);
   layout->addWidget(paneTitle_);
-  fields_ = new QTableWidget(0, 2, right);
-  fields_->setObjectName("recordPane");
-  fields_->setHorizontalHeaderLabels({"Field", "Value"});
-  fields_->horizontalHeader()->setStretchLastSection(true);
-  fields_->verticalHeader()->setVisible(false);
-  connect(fields_, &QTableWidget::cellChanged, this, &MainWindow::onFieldEdited);
-  layout->addWidget(fields_, 1);
+  pane_ = new NodePane(session_, feedback_, right);
+  connect(pane_, &NodePane::captionChanged, this, &MainWindow::onCaptionChanged);
+  layout->addWidget(pane_, 0);
   rows_ = new QTableView(right);
   rows_->setObjectName("convgrid");
   model_ = new GridPageModel(this);
@@ -89,6 +89,8 @@ void MainWindow::buildCentre() {
   rows_->setItemDelegate(new GridPageDelegate(rows_));
   rows_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                          QAbstractItemView::AnyKeyPressed);
+  rows_->setWordWrap(false);
+  rows_->verticalHeader()->setDefaultSectionSize(rows_->fontMetrics().height() + 6);
   rows_->hide();
   layout->addWidget(rows_, 2);
   GridSetup setup;
@@ -130,12 +132,13 @@ void MainWindow::buildMenus() {
   addCommand(file, "Open Config File", [this] { openConfigCommand(); });
   addCommand(file, "Save Config File", [this] { saveConfigCommand(); });
   QMenu* import = file->addMenu("&Import");
-  for (const char* c : {"Import CSV File", "Import RSF File", "Import System(s) from Database",
+  addCommand(import, "Import CSV File", [this] { openCsvMapper(); }, QKeySequence("Ctrl+I"));
+  for (const char* c : {"Import RSF File", "Import System(s) from Database",
                         "Import ZEL XT File", "Import ZEL396/996 File"}) {
     addCommand(import, c, [this, c] { later(c); });
   }
   QMenu* exportMenu = file->addMenu("&Export");
-  addCommand(exportMenu, "Export CSV", [this] { later("Export CSV"); });
+  addCommand(exportMenu, "Export CSV", [this] { exportCsvCommand(); });
   addCommand(file, "Print", [this] { later("Print"); }, QKeySequence::Print);
   file->addSeparator();
   addCommand(file, "Exit", [this] { close(); }, QKeySequence::Quit);
@@ -161,8 +164,12 @@ void MainWindow::buildMenus() {
   for (const char* c : {"Edit Departments", "Edit Favorites Configuration", "Edit Banknames"}) {
     addCommand(edit, c, [this, c] { later(c); });
   }
-  addCommand(edit, "Find", [this] { later("Find"); }, QKeySequence::Find);
-  addCommand(edit, "Find Duplicates", [this] { later("Find Duplicates"); });
+  addCommand(edit, "Find", [this] { openFind(); }, QKeySequence::Find);
+  QMenu* dupMenu = edit->addMenu("Find Duplicates");
+  actions_["Find Duplicates"] = dupMenu->menuAction();
+  addDuplicateSearchEntries(dupMenu, [this]() -> EnhancedFindDialog& { return enhancedFind(); });
+  addCommand(edit, "Review LockOut Channels",
+             [this] { enhancedFind().start(dups::Selector::LockOut); });
 
   QMenu* scanner = menuBar()->addMenu("&Scanner");
   addCommand(scanner, "Read Data", [this] { later("Read Data"); });
@@ -228,6 +235,7 @@ void MainWindow::refreshTree() {
       auto* item = new QTreeWidgetItem(parent);
       const QString key = QString::fromStdString(vis.key(c));
       item->setText(0, kindIcon(key) + fromLatin1(vis.text(c)));
+      item->setToolTip(0, fromLatin1(vis.text(c)));
       item->setData(0, kKeyRole, key);
       addChildren(c, item);
     }
@@ -264,9 +272,7 @@ void MainWindow::onTreeClicked(QTreeWidgetItem* item) {
   updateStatus();
 }
 
-void MainWindow::storePane(std::string_view, std::string_view) {
-  // Every field edit already went to the record through the set-field operation.
-}
+void MainWindow::storePane(std::string_view, std::string_view) { pane_->storeNode(); }
 
 void MainWindow::storeGrid(std::string_view departmentKey) {
   if (!shownPage_) return;
@@ -274,24 +280,16 @@ void MainWindow::storeGrid(std::string_view departmentKey) {
 }
 
 void MainWindow::showPane(std::string_view key, std::string_view kind) {
-  filling_ = true;
-  const std::string line = treemod::getText(session_.document().data, key);
-  paneTitle_->setText(QString::fromStdString(std::string(kind)) + ": " +
-                      fromLatin1(visibleCaption(session_.document(), key)));
-  const int count = line.empty() ? 0 : record::fieldCount(line);
-  fields_->setRowCount(count);
-  for (int n = 0; n < count; ++n) {
-    auto* pos = new QTableWidgetItem(QString::number(n));
-    pos->setFlags(pos->flags() & ~Qt::ItemIsEditable);
-    fields_->setItem(n, 0, pos);
-    auto* value = new QTableWidgetItem(fromLatin1(record::field(line, n)));
-    if (n == 0) value->setFlags(value->flags() & ~Qt::ItemIsEditable);
-    fields_->setItem(n, 1, value);
-  }
+  paneTitle_->setText(key.empty() ? QString("Select a favorites list, system, site or department.")
+                                  : QString::fromStdString(std::string(kind)) + ": " +
+                                        fromLatin1(visibleCaption(session_.document(), key)));
+  pane_->showNode(key, kind);
   shownPage_ = nullptr;
   model_->setPage(nullptr, {});
   rows_->hide();
-  filling_ = false;
+  if (find_) find_->setGrid(nullptr);
+  if (enhancedFind_) enhancedFind_->setGrid(nullptr);
+  if (csvMapper_) csvMapper_->setGrid(nullptr);
 }
 
 void MainWindow::loadGrid(std::string_view departmentKey) {
@@ -304,27 +302,34 @@ void MainWindow::loadGrid(std::string_view departmentKey) {
   env.feedback = &feedback_;
   env.changed = &session_.document().changed;
   model_->setPage(shownPage_, env);
+  if (find_) find_->setGrid(shownPage_);
+  if (enhancedFind_) enhancedFind_->setGrid(shownPage_);
+  if (csvMapper_) csvMapper_->setGrid(shownPage_);
+  // The stored width, widened to the heading and to the texts of the first rows (a sample,
+  // so that a department of ten thousand rows opens as fast as a small one).
+  const QFontMetrics metrics = rows_->fontMetrics();
+  const int sample = std::min(model_->rowCount(), 60);
   for (int c = 1; c < shownPage_->cols(); ++c) {
-    rows_->setColumnWidth(c - 1, std::max(40, shownPage_->colWidth(c) / 15));
+    int width = std::max(40, shownPage_->colWidth(c) / 15);
+    width = std::max(width, metrics.horizontalAdvance(
+                                model_->headerData(c - 1, Qt::Horizontal, Qt::DisplayRole).toString()) + 16);
+    for (int r = 0; r < sample; ++r)
+      width = std::max(width, metrics.horizontalAdvance(model_->index(r, c - 1).data().toString()) + 12);
+    rows_->setColumnWidth(c - 1, std::min(width, 260));
     rows_->setColumnHidden(c - 1, shownPage_->colWidth(c) == 0);
   }
   rows_->show();
 }
 
-void MainWindow::onFieldEdited(int row, int column) {
-  if (filling_ || column != 1) return;
-  const std::string& key = session_.selectedKey();
-  if (key.empty()) return;
-  auto* item = fields_->item(row, column);
-  const std::string value = record::sanitize(toLatin1(item ? item->text() : QString()));
-  treemod::setField(session_.document().data, key, row, value);
-  session_.document().changed = true;
-  if (row == 4) {
-    showInVisibleTree(session_.document(), key);
-    if (auto* current = tree_->currentItem())
-      current->setText(0, kindIcon(QString::fromStdString(key)) +
-                              fromLatin1(visibleCaption(session_.document(), key)));
+void MainWindow::onCaptionChanged(const QString& key) {
+  QTreeWidgetItemIterator it(tree_);
+  for (; *it; ++it) {
+    if ((*it)->data(0, kKeyRole).toString() != key) continue;
+    (*it)->setText(0, kindIcon(key) + fromLatin1(visibleCaption(session_.document(), toLatin1(key))));
   }
+  paneTitle_->setText(QString::fromStdString(session_.selectedKind()) + ": " +
+                      fromLatin1(visibleCaption(session_.document(), toLatin1(key))));
+  updateStatus();
 }
 
 void MainWindow::updateStatus() {
@@ -339,7 +344,8 @@ void MainWindow::restoreGeometryFromSettings() {
   const int h = s.wheight > 100 ? s.wheight / 15 : 700;
   resize(std::max(w, 640), std::max(h, 420));
   if (s.wleft > 100 || s.wtop > 100) move(s.wleft / 15, s.wtop / 15);
-  const int left = std::clamp(s.browserLeft / 15, 160, 600);
+  // The stored default (3200 twips) is narrower than the names of real systems.
+  const int left = std::clamp(s.browserLeft / 15, 300, 700);
   splitter_->setSizes({left, std::max(width() - left, 200)});
   if (s.wstate == 2) setWindowState(Qt::WindowMaximized);
 }

@@ -13,7 +13,6 @@
 
 class QLabel;
 class QListWidget;
-class QTableWidget;
 class QTableView;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -41,12 +40,12 @@ class MainWindow : public QMainWindow, public SelectionHost {
   // How the window asks for a file name; tests answer instead of a dialog. An empty answer
   // cancels the command.
   enum class FileAsk { Open, SaveAs, SaveUnsavedAs, OpenConfig, SaveConfig, OpenProfile,
-                       SaveProfileAs };
+                       SaveProfileAs, ExportCsv };
   using FileChooser = std::function<QString(FileAsk, const QString& suggested)>;
   void setFileChooser(FileChooser chooser) { chooser_ = std::move(chooser); }
 
   QTreeWidget* tree() const { return tree_; }
-  QTableWidget* recordPane() const { return fields_; }
+  class NodePane* nodePane() const { return pane_; }
   QTableView* rowsPane() const { return rows_; }
   GridPage& channelPage() { return convgrid_; }
   GridPage& talkgroupPage() { return trunkgrid_; }
@@ -74,7 +73,13 @@ class MainWindow : public QMainWindow, public SelectionHost {
   void newSiteCommand();
   void newDepartmentCommand();
   void onTreeClicked(QTreeWidgetItem* item);
-  void onFieldEdited(int row, int column);
+  void onCaptionChanged(const QString& key);
+  // The windows of the Edit and File menus that work on the grid on show.
+  void openFind();
+  class EnhancedFindDialog& enhancedFind();
+  void openCsvMapper();
+  void exportCsvCommand();
+  void gridChanged();
   void updateStatus();
   void restoreGeometryFromSettings();
   // File commands (main_window_files.cpp).
@@ -95,7 +100,10 @@ class MainWindow : public QMainWindow, public SelectionHost {
   Session& session_;
   Feedback& feedback_;
   QTreeWidget* tree_ = nullptr;
-  QTableWidget* fields_ = nullptr;
+  class NodePane* pane_ = nullptr;
+  class FindDialog* find_ = nullptr;
+  class EnhancedFindDialog* enhancedFind_ = nullptr;
+  class CsvMapperDialog* csvMapper_ = nullptr;
   QTableView* rows_ = nullptr;
   class GridPageModel* model_ = nullptr;
   GridPage convgrid_;

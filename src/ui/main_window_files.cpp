@@ -41,6 +41,8 @@ AskText askText(MainWindow::FileAsk ask) {
       return {"Open Profile", "Profiles (*.pfl)", false};
     case A::SaveProfileAs:
       return {"Save Profile As", "Profiles (*.pfl)", true};
+    case A::ExportCsv:
+      return {"Export CSV", "CSV Files (*.csv);;All Files (*)", true};
   }
   return {"", "", false};
 }

@@ -3,7 +3,8 @@
 // reach the record line.
 #include <QAction>
 #include <QTableView>
-#include <QTableWidget>
+#include <QLineEdit>
+#include <QStackedWidget>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -12,6 +13,7 @@
 #include "core/tree_operations.h"
 #include "test_folder.h"
 #include "ui/main_window.h"
+#include "ui/node_pane.h"
 
 using namespace zel;
 
@@ -75,14 +77,15 @@ class MainWindowTest : public QObject {
     QVERIFY(!f.session.document().data.contains("SIT-001-001"));
   }
 
-  void editingTheRecordPaneChangesTheLineAndCaption() {
+  void editingTheNodePaneChangesTheLineAndCaption() {
     Fixture f;
     f.window->runCommand("New Conventional System");
     QVERIFY(f.window->selectKey("SYS-001"));
-    QTableWidget* pane = f.window->recordPane();
-    QVERIFY(pane->rowCount() >= 24);
-    QCOMPARE(pane->item(4, 1)->text(), QString("New System"));
-    pane->item(4, 1)->setText("County, Fire");
+    auto* name = f.window->nodePane()->currentWidget()->findChild<QLineEdit*>("name");
+    QVERIFY(name);
+    QCOMPARE(name->text(), QString("New System"));
+    name->setText("County, Fire");
+    QTest::keyClick(name, Qt::Key_Return);
     QCOMPARE(QString::fromStdString(treemod::getField(f.session.document().data, "SYS-001", 4)),
              QString("County; Fire"));
     QVERIFY(f.window->tree()->topLevelItem(0)->text(0).endsWith("County; Fire"));

@@ -1,0 +1,80 @@
+// The windows the main window opens over the grid on show: Find/Replace, Enhanced Find
+// (duplicates and locked-out channels), the CSV mapper, and the CSV export of the lists.
+#include <QStatusBar>
+#include <QTableView>
+
+#include "exchange/csv_export.h"
+#include "formats/text_file.h"
+#include "ui/csv_mapper_dialog.h"
+#include "ui/enhanced_find_dialog.h"
+#include "ui/find_dialog.h"
+#include "ui/grid_page_model.h"
+#include "ui/main_window.h"
+#include "ui/qt_feedback.h"
+
+namespace zel::ui {
+
+// A window changed the grid on show in place: show it again and go to its cursor. The page
+// is not reloaded from its file, which is older than the grid until the selection moves.
+void MainWindow::gridChanged() {
+  if (!shownPage_) return;
+  model_->reload();
+  const int row = std::max(0, shownPage_->row() - 1);
+  const int col = std::max(0, shownPage_->col() - 1);
+  const QModelIndex at = model_->index(row, col);
+  if (at.isValid()) {
+    rows_->setCurrentIndex(at);
+    rows_->scrollTo(at);
+  }
+  session_.document().changed = true;
+  updateStatus();
+}
+
+void MainWindow::openFind() {
+  if (!find_) {
+    find_ = new FindDialog(session_, feedback_, shownPage_, [this] { gridChanged(); }, this);
+  }
+  find_->setGrid(shownPage_);
+  find_->show();
+  find_->raise();
+  find_->activateWindow();
+}
+
+EnhancedFindDialog& MainWindow::enhancedFind() {
+  if (!enhancedFind_) {
+    enhancedFind_ =
+        new EnhancedFindDialog(session_, feedback_, shownPage_, [this] { gridChanged(); }, this);
+  }
+  // The searches read the page store: the grid on show goes there first.
+  const std::string key = session_.selectedKey();
+  if (shownPage_ && key.rfind("GRP-", 0) == 0) storeGrid(key);
+  enhancedFind_->setGrid(shownPage_);
+  return *enhancedFind_;
+}
+
+void MainWindow::openCsvMapper() {
+  if (!csvMapper_) {
+    csvMapper_ =
+        new CsvMapperDialog(session_, feedback_, shownPage_, [this] { gridChanged(); }, this);
+  }
+  csvMapper_->setGrid(shownPage_);
+  csvMapper_->show();
+  csvMapper_->raise();
+}
+
+void MainWindow::exportCsvCommand() {
+  commitShown();
+  QString path = askFile(FileAsk::ExportCsv, QString::fromStdString(session_.folders().data));
+  if (path.isEmpty()) return;
+  if (!path.contains('.')) path += ".csv";
+  const std::string text =
+      exchange::channelCsvExport(session_.pages(), session_.document().family);
+  const std::string target = toLatin1(path);
+  if (!formats::writeFileAtomically(target, text).ok) {
+    feedback_.message("There was an error saving this file: " + target);
+    return;
+  }
+  statusBar()->showMessage("Done Saving.");
+}
+
+}  // namespace zel::ui
