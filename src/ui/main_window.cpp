@@ -18,20 +18,23 @@
 #include "core/new_commands.h"
 #include "core/record_line.h"
 #include "core/text.h"
+#include "core/tree_moves.h"
 #include "core/tree_operations.h"
 #include "grid/row_record.h"
 #include "ui/grid_page_model.h"
 #include "ui/qt_feedback.h"
 #include "ui/csv_mapper_dialog.h"
 #include "ui/enhanced_find_dialog.h"
+#include "ui/favorites_tree.h"
 #include "ui/find_dialog.h"
 #include "ui/node_pane.h"
+#include "ui/patrol_window.h"
 #include "ui/vc_window.h"
 
 namespace zel::ui {
 
 namespace {
-constexpr int kKeyRole = Qt::UserRole + 1;
+constexpr int kKeyRole = FavoritesTree::kKeyRole;
 
 QString kindIcon(const QString& key) {
   if (key.startsWith("FAV-")) return QStringLiteral("\u2605 ");
@@ -61,7 +64,9 @@ MainWindow::MainWindow(Session& session, Feedback& feedback, QWidget* parent)
 
 void MainWindow::buildCentre() {
   splitter_ = new QSplitter(Qt::Horizontal, this);
-  tree_ = new QTreeWidget(splitter_);
+  auto* favorites = new FavoritesTree(splitter_);
+  connect(favorites, &FavoritesTree::nodeDropped, this, &MainWindow::dropNode);
+  tree_ = favorites;
   tree_->setObjectName("TreeView2");
   tree_->setHeaderLabel("Favorites");
   tree_->setMinimumWidth(220);
@@ -172,8 +177,10 @@ void MainWindow::buildMenus() {
              [this] { enhancedFind().start(dups::Selector::LockOut); });
 
   QMenu* scanner = menuBar()->addMenu("&Scanner");
-  addCommand(scanner, "Read Data", [this] { later("Read Data"); });
-  addCommand(scanner, "Write Data", [this] { later("Write Data"); });
+  // Both directions of the card are the card manager's: reading lists into the document
+  // and writing the document as a list.
+  addCommand(scanner, "Read Data", [this] { openCardManager(); }, QKeySequence("Ctrl+R"));
+  addCommand(scanner, "Write Data", [this] { openCardManager(); }, QKeySequence("Ctrl+W"));
   scanner->addSeparator();
   addCommand(scanner, "Virtual Control BCDx36HP / UBCD3600XLT", [this] {
     openVirtualControl(this, session_.settingsCodec().store(), feedback_, session_.folders().data,
@@ -319,6 +326,50 @@ void MainWindow::loadGrid(std::string_view departmentKey) {
     rows_->setColumnHidden(c - 1, shownPage_->colWidth(c) == 0);
   }
   rows_->show();
+}
+
+void MainWindow::openCardManager() {
+  PatrolWindow* card = openPatrolWindow(this, session_, feedback_);
+  if (!card) return;
+  connect(card, &PatrolWindow::documentNeeded, this, [this] { commitShown(); });
+  connect(card, &PatrolWindow::documentChanged, this, [this] {
+    shownPage_ = nullptr;
+    model_->setPage(nullptr, {});
+    rebuildVisibleTree(session_.document());
+    afterFilesChanged();
+  });
+}
+
+bool MainWindow::dropNode(const QString& sourceKey, const QString& targetKey, bool copy) {
+  const std::string source = toLatin1(sourceKey);
+  const std::string target = toLatin1(targetKey);
+  // What is on show goes back to the document first; the moved node may get a new key, so
+  // nothing of the old one stays on show to be stored under it later.
+  commitShown();
+  shownPage_ = nullptr;
+  model_->setPage(nullptr, {});
+  Document& doc = session_.document();
+  treemod::MoveResult moved;
+  if (startsWith(source, "SYS-")) {
+    int fileRow = 0;
+    for (NodeId n = doc.visible.find(target); n != kNoNode; n = doc.visible.parent(n))
+      if (startsWith(doc.visible.key(n), "FAV-")) fileRow = keys::numberAt(doc.visible.key(n), 5);
+    if (fileRow <= 0) return false;
+    moved = copy ? treemod::copySystemToList(doc, session_.pages(), source, fileRow, feedback_)
+                 : treemod::moveSystemToList(doc, source, fileRow, feedback_);
+  } else if (startsWith(source, "GRP-")) {
+    const int system = keys::systemOf(target);
+    moved = copy ? treemod::copyDepartment(doc, session_.pages(), source, system, feedback_)
+                 : treemod::moveDepartment(doc, session_.pages(), source, system, feedback_);
+  }
+  if (!moved.ok) {
+    selectKey(sourceKey);
+    return false;
+  }
+  rebuildVisibleTree(doc);
+  refreshTree();
+  selectKey(QString::fromStdString(moved.key));
+  return true;
 }
 
 void MainWindow::onCaptionChanged(const QString& key) {

@@ -34,6 +34,9 @@ class MainWindow : public QMainWindow, public SelectionHost {
   void refreshTree();
   // Selects a node of the visible tree by key, as a click would.
   bool selectKey(const QString& key);
+  // A node dropped on another in the tree: a system into a list, a department into a
+  // system; `copy` keeps the source. False when the document refused it.
+  bool dropNode(const QString& sourceKey, const QString& targetKey, bool copy);
   // Opens a favorites list (.hpd) or a profile (.pfl) into the document.
   bool openPath(const QString& path);
 
@@ -80,6 +83,7 @@ class MainWindow : public QMainWindow, public SelectionHost {
   void openCsvMapper();
   void exportCsvCommand();
   void gridChanged();
+  void openCardManager();
   void updateStatus();
   void restoreGeometryFromSettings();
   // File commands (main_window_files.cpp).

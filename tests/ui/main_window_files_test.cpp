@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "core/keys.h"
 #include "core/memory_ports.h"
 #include "core/record_line.h"
 #include "core/tree_operations.h"
@@ -129,6 +130,41 @@ class MainWindowFilesTest : public QObject {
                 .startsWith("File error: check if file exists:    "));
     QCOMPARE(f.session.document().data.count(), nodes);
     QCOMPARE(f.session.document().files.loadedCount(), 1);
+  }
+
+  void droppingMovesSystemsBetweenListsAndDepartmentsBetweenSystems() {
+    Fixture f;
+    QVERIFY(f.window->openPath(f.q(f.list)));
+    QVERIFY(f.window->runCommand("New File"));  // FAV-002, empty
+    const std::string dept = f.conventionalDepartment();
+    const int system = keys::systemOf(dept);
+    const std::string systemKey = keys::system(system);
+    const auto rows = f.session.pages().load(dept);
+    QVERIFY(!rows.empty());
+
+    // The department on show is copied into a new conventional system, rows and all.
+    QVERIFY(f.window->selectKey(f.q(dept)));
+    QVERIFY(f.window->runCommand("New Conventional System"));
+    const std::string fresh = f.session.selectedKey().substr(0, 7);
+    QVERIFY(f.window->selectKey(f.q(dept)));
+    QVERIFY(f.window->dropNode(f.q(dept), f.q(fresh), true));
+    const std::string copied = f.session.selectedKey();
+    QCOMPARE(keys::systemOf(copied), keys::systemOf(fresh));
+    QCOMPARE(f.session.pages().load(copied), rows);
+    QCOMPARE(f.session.pages().load(dept), rows);
+
+    // A trunked system refuses it and nothing moves.
+    QVERIFY(f.window->runCommand("New P25 Trunk System"));
+    const std::string trunk = f.session.selectedKey().substr(0, 7);
+    QVERIFY(!f.window->dropNode(f.q(dept), f.q(trunk), false));
+    QVERIFY(f.session.document().data.contains(dept));
+
+    // A system dropped on the second list belongs to it, and the tree shows it there.
+    QVERIFY(f.window->dropNode(f.q(systemKey), f.q(keys::favorites(2)), false));
+    QCOMPARE(treemod::getField(f.session.document().data, systemKey, 23), std::string("002"));
+    const NodeId shown = f.session.document().visible.find(systemKey);
+    QCOMPARE(f.session.document().visible.key(f.session.document().visible.parent(shown)),
+             keys::favorites(2));
   }
 
   void profilesAndConfigurationsReopenTheSameLists() {
