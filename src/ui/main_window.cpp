@@ -150,7 +150,7 @@ void MainWindow::buildMenus() {
 
   QMenu* edit = menuBar()->addMenu("&Edit");
   addCommand(edit, "New Channel", [this] { later("New Channel"); });
-  addCommand(edit, "New Department", [this] { newDepartmentCommand(); }, QKeySequence("Ctrl+D"));
+  addCommand(edit, "New Department", [this] { newDepartmentCommand(); }, QKeySequence("Ctrl+Shift+D"));
   edit->addSeparator();
   const char* systems[] = {"New Conventional System",     "New Motorola Trunk System",
                            "New LT Trunk System",         "New Edacs Trunk System",
