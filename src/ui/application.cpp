@@ -29,7 +29,10 @@ int runApplication(QApplication& app) {
                                   "file");
   QCommandLineOption noReminder("no-reminder", "Do not show the backup reminder at start.");
   QCommandLineOption screenshot("screenshot", "Save a picture of the main window and quit.", "png");
-  parser.addOptions({demo, dataDir, settingsFile, noReminder, screenshot});
+  QCommandLineOption cardRoot("card-root",
+                              "A folder the card manager treats as a scanner's card (repeatable).",
+                              "dir");
+  parser.addOptions({demo, dataDir, settingsFile, noReminder, screenshot, cardRoot});
   parser.process(app);
 
   QString data = parser.value(dataDir);
@@ -49,6 +52,7 @@ int runApplication(QApplication& app) {
   const QStringList files = parser.positionalArguments();
 
   MainWindow window(session, feedback);
+  for (const QString& root : parser.values(cardRoot)) window.addCardRoot(root);
   if (files.isEmpty() && autoLoad.empty()) {
     buildDemoDocument(session.document(), session.pages(), feedback);
     window.refreshTree();

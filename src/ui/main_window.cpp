@@ -328,9 +328,29 @@ void MainWindow::loadGrid(std::string_view departmentKey) {
   rows_->show();
 }
 
+// The mount points of removable media and the roots given on the command line; it outlives
+// every card manager window it serves.
+class CardRootsHolder {
+ public:
+  transfer::MountPointRoots roots;
+};
+
+MainWindow::~MainWindow() {
+  // The card manager windows read the card roots: they go first.
+  qDeleteAll(findChildren<PatrolWindow*>(QString(), Qt::FindDirectChildrenOnly));
+}
+
+void MainWindow::addCardRoot(const QString& folder) {
+  if (!cardRoots_) cardRoots_ = std::make_unique<CardRootsHolder>();
+  cardRoots_->roots.addUserRoot(toLatin1(folder));
+}
+
 void MainWindow::openCardManager() {
-  PatrolWindow* card = openPatrolWindow(this, session_, feedback_);
-  if (!card) return;
+  if (!cardRoots_) cardRoots_ = std::make_unique<CardRootsHolder>();
+  auto* card = new PatrolWindow(session_, feedback_, cardRoots_->roots, this);
+  card->setAttribute(Qt::WA_DeleteOnClose);
+  card->setWindowFlag(Qt::Window);
+  card->show();
   connect(card, &PatrolWindow::documentNeeded, this, [this] { commitShown(); });
   connect(card, &PatrolWindow::documentChanged, this, [this] {
     shownPage_ = nullptr;

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <functional>
 #include <map>
+#include <memory>
 
 #include "core/session.h"
 #include "grid/grid_page.h"
@@ -26,6 +27,7 @@ class MainWindow : public QMainWindow, public SelectionHost {
 
  public:
   MainWindow(Session& session, Feedback& feedback, QWidget* parent = nullptr);
+  ~MainWindow() override;
 
   // Runs a menu command by its caption, as a click on it would ("New P25 Trunk System").
   bool runCommand(const QString& caption);
@@ -34,6 +36,8 @@ class MainWindow : public QMainWindow, public SelectionHost {
   void refreshTree();
   // Selects a node of the visible tree by key, as a click would.
   bool selectKey(const QString& key);
+  // A folder the card manager treats as a card root besides the removable media.
+  void addCardRoot(const QString& folder);
   // A node dropped on another in the tree: a system into a list, a department into a
   // system; `copy` keeps the source. False when the document refused it.
   bool dropNode(const QString& sourceKey, const QString& targetKey, bool copy);
@@ -122,6 +126,7 @@ class MainWindow : public QMainWindow, public SelectionHost {
   std::map<QString, QAction*> actions_;
   bool filling_ = false;
   FileChooser chooser_;
+  std::unique_ptr<class CardRootsHolder> cardRoots_;
 };
 
 }  // namespace zel::ui
