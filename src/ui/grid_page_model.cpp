@@ -14,22 +14,50 @@ void GridPageModel::setPage(GridPage* page, cell::CommitEnv env) {
   beginResetModel();
   page_ = page;
   env_ = env;
+  shownRows_ = page_ ? page_->rows() - 1 : 0;
+  shownCols_ = page_ ? page_->cols() - 1 : 0;
   endResetModel();
 }
 
 void GridPageModel::reload() {
   beginResetModel();
+  shownRows_ = page_ ? page_->rows() - 1 : 0;
+  shownCols_ = page_ ? page_->cols() - 1 : 0;
   endResetModel();
+}
+
+void GridPageModel::syncRows() {
+  if (!page_) return;
+  if (page_->cols() - 1 != shownCols_) {
+    reload();
+    return;
+  }
+  const int rows = page_->rows() - 1;
+  if (rows > shownRows_) {
+    beginInsertRows({}, shownRows_, rows - 1);
+    shownRows_ = rows;
+    endInsertRows();
+  } else if (rows < shownRows_) {
+    beginRemoveRows({}, rows, shownRows_ - 1);
+    shownRows_ = rows;
+    endRemoveRows();
+  }
+}
+
+void GridPageModel::refreshCells() {
+  if (!page_ || shownRows_ == 0 || shownCols_ == 0) return;
+  emit dataChanged(index(0, 0), index(shownRows_ - 1, shownCols_ - 1));
+  emit headerDataChanged(Qt::Vertical, 0, shownRows_ - 1);
 }
 
 int GridPageModel::rowCount(const QModelIndex& parent) const {
   if (parent.isValid() || !page_) return 0;
-  return page_->rows() - 1;
+  return shownRows_;
 }
 
 int GridPageModel::columnCount(const QModelIndex& parent) const {
   if (parent.isValid() || !page_) return 0;
-  return page_->cols() - 1;
+  return shownCols_;
 }
 
 QString GridPageModel::heading(int column) const {

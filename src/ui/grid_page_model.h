@@ -21,6 +21,11 @@ class GridPageModel : public QAbstractTableModel {
   GridPage* page() const { return page_; }
   // Call after the page changed underneath (rows loaded, rows added).
   void reload();
+  // After rows were added or removed at the end of the page: tells the view of the new
+  // rows only, so a long page keeps its scroll position and selection.
+  void syncRows();
+  // After cells changed in place: every shown cell and label is read again.
+  void refreshCells();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -39,6 +44,9 @@ class GridPageModel : public QAbstractTableModel {
  private:
   GridPage* page_ = nullptr;
   cell::CommitEnv env_;
+  // The counts the view was last told of; the page may already be larger or smaller.
+  int shownRows_ = 0;
+  int shownCols_ = 0;
 };
 
 // Offers a drop list for closed columns and a plain edit box for the others.
