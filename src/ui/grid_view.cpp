@@ -75,6 +75,21 @@ GridView::GridView(QWidget* parent) : QTableView(parent), model_(new GridPageMod
     sortByColumn(column, ascending);
   });
 
+  // A reload of the same page (after Find or a duplicate removal) keeps the widths and the
+  // hidden columns that the header would otherwise forget.
+  connect(model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+    widthsBeforeReset_.clear();
+    for (int c = 0; c < model_->columnCount(); ++c) widthsBeforeReset_.push_back(columnWidth(c));
+  });
+  connect(model_, &QAbstractItemModel::modelReset, this, [this] {
+    if (widthsBeforeReset_.size() == model_->columnCount()) {
+      for (int c = 0; c < widthsBeforeReset_.size(); ++c) {
+        if (widthsBeforeReset_[c] > 0) setColumnWidth(c, widthsBeforeReset_[c]);
+      }
+    }
+    applyHiddenColumns();
+  });
+
   editBox_ = new QLineEdit(viewport());
   editBox_->setObjectName("edit_text");
   editBox_->setFocusPolicy(Qt::NoFocus);
@@ -536,6 +551,16 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     page_->setCol(current.column() + 1);
   }
   emitStatus();
+}
+
+void GridView::focusOutEvent(QFocusEvent* e) {
+  // Leaving the grid for another part of the window ends the edit; what was typed is
+  // already in the cell. A switch to another window or a popup keeps the box open.
+  if (e->reason() != Qt::ActiveWindowFocusReason && e->reason() != Qt::PopupFocusReason) {
+    finishEdit();
+    closeAids();
+  }
+  QTableView::focusOutEvent(e);
 }
 
 void GridView::scrollContentsBy(int dx, int dy) {

@@ -85,6 +85,7 @@ class GridView : public QTableView {
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void scrollContentsBy(int dx, int dy) override;
   void resizeEvent(QResizeEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   struct Block {
@@ -122,6 +123,7 @@ class GridView : public QTableView {
   int sortColumn_ = -1;
   bool sortAscending_ = true;
   bool syncing_ = false;
+  QList<int> widthsBeforeReset_;
 };
 
 }  // namespace zel::ui

@@ -334,6 +334,47 @@ class GridViewTest : public QObject {
     QCOMPARE(g.cell(4, "Alpha Tag"), std::string(""));
   }
 
+  void copyAlphaAndAlignText() {
+    Grid g;
+    g.set(1, "Frequency", "154.100000");
+    g.set(2, "Frequency", "155.200000");
+    g.set(2, "Alpha Tag", "Old");
+    g.set(3, "Alpha Tag", "Keep");  // no frequency: left alone
+    g.selectBlock(1, 3, "Frequency", "Frequency");
+    g.view.copyAlpha();
+    QCOMPARE(g.cell(1, "Alpha Tag"), std::string("154.100000"));
+    QCOMPARE(g.cell(2, "Alpha Tag"), std::string("155.200000"));
+    QCOMPARE(g.cell(3, "Alpha Tag"), std::string("Keep"));
+    g.view.alignText(2);
+    QCOMPARE(g.cell(3, "Alpha Tag"), std::string(12, ' ') + "Keep");
+    g.view.alignText(0);
+    QCOMPARE(g.cell(3, "Alpha Tag"), std::string("Keep"));
+    QVERIFY(g.changed);
+  }
+
+  void longPageKeepsOneRowHeightAndGrowsAtTheEnd() {
+    Grid g;
+    g.page.setRows(10001);
+    for (int r = 1; r < g.page.rows(); ++r) {
+      g.page.setTextMatrix(r, 0, std::to_string(r));
+      g.page.setTextMatrix(r, 1, "154.100000");
+    }
+    g.view.setPage(&g.page, {}, &g.feedback);
+    g.view.fitColumns();
+    QCOMPARE(g.view.gridModel()->rowCount(), 10000);
+    QCOMPARE(g.view.verticalHeader()->sectionResizeMode(0), QHeaderView::Fixed);
+    g.go(1, "Frequency");
+    g.key(Qt::Key_End, Qt::ControlModifier);
+    QCOMPARE(g.view.currentIndex().row(), 9999);
+    g.key(Qt::Key_Down);
+    QCOMPARE(g.view.gridModel()->rowCount(), 10001);
+    QCOMPARE(g.page.textMatrix(10001, 0), std::string("10001"));
+    // A reload of the same page keeps the widths the columns were given.
+    g.view.setColumnWidth(1, 77);
+    g.view.gridModel()->reload();
+    QCOMPARE(g.view.columnWidth(1), 77);
+  }
+
   void statusTextFollowsTheColumn() {
     struct Case {
       const char* heading;
