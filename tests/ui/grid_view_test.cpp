@@ -128,6 +128,29 @@ class GridViewTest : public QObject {
     QCOMPARE(g.view.currentIndex().row(), 0);
   }
 
+  void clickingAnotherCellEndsTheEditAndKeepsTheText() {
+    Grid g;
+    g.go(1, "Alpha Tag");
+    QTest::keyClicks(&g.view, "Dispatch");
+    const QRect other = g.view.visualRect(g.view.gridModel()->index(3, g.col("Frequency") - 1));
+    QTest::mouseClick(g.view.viewport(), Qt::LeftButton, {}, other.center());
+    QVERIFY(g.view.editBox()->isHidden());
+    QCOMPARE(g.cell(1, "Alpha Tag"), std::string("Dispatch"));
+    QCOMPARE(g.view.currentIndex().row(), 3);
+    // The next key goes to the clicked cell, not to the name.
+    QTest::keyClicks(&g.view, "155");
+    g.key(Qt::Key_Return);
+    QCOMPARE(g.cell(4, "Frequency"), std::string("155.000000"));
+    QCOMPARE(g.cell(1, "Alpha Tag"), std::string("Dispatch"));
+    // finishEdit, as before the page is stored, closes the box and keeps the text.
+    g.go(2, "Alpha Tag");
+    QTest::keyClicks(&g.view, "Tac 2");
+    g.view.finishEdit();
+    QVERIFY(g.view.editBox()->isHidden());
+    QCOMPARE(g.cell(2, "Alpha Tag"), std::string("Tac 2"));
+    QCOMPARE(g.view.currentIndex().row(), 1);
+  }
+
   void spaceAndDoubleClickToggleAnOnOffColumn() {
     Grid g;
     g.set(1, "Avoid", "Off");
