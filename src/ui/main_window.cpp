@@ -26,6 +26,7 @@
 #include "ui/csv_mapper_dialog.h"
 #include "ui/enhanced_find_dialog.h"
 #include "ui/favorites_tree.h"
+#include "ui/grid_view.h"
 #include "ui/find_dialog.h"
 #include "ui/node_pane.h"
 #include "ui/patrol_window.h"
@@ -87,15 +88,12 @@ void MainWindow::buildCentre() {
   pane_ = new NodePane(session_, feedback_, right);
   connect(pane_, &NodePane::captionChanged, this, &MainWindow::onCaptionChanged);
   layout->addWidget(pane_, 0);
-  rows_ = new QTableView(right);
+  rows_ = new GridView(right);
   rows_->setObjectName("convgrid");
-  model_ = new GridPageModel(this);
-  rows_->setModel(model_);
-  rows_->setItemDelegate(new GridPageDelegate(rows_));
-  rows_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
-                         QAbstractItemView::AnyKeyPressed);
-  rows_->setWordWrap(false);
-  rows_->verticalHeader()->setDefaultSectionSize(rows_->fontMetrics().height() + 6);
+  model_ = rows_->gridModel();
+  connect(rows_, &GridView::statusText, this,
+          [this](const QString& text) { statusBar()->showMessage(text); });
+  connect(rows_, &GridView::rowsChanged, this, [this] { updateStatus(); });
   rows_->hide();
   layout->addWidget(rows_, 2);
   GridSetup setup;
@@ -283,6 +281,7 @@ void MainWindow::storePane(std::string_view, std::string_view) { pane_->storeNod
 
 void MainWindow::storeGrid(std::string_view departmentKey) {
   if (!shownPage_) return;
+  rows_->finishEdit();
   session_.pages().save(departmentKey, savePageLines(*shownPage_));
 }
 
@@ -292,7 +291,7 @@ void MainWindow::showPane(std::string_view key, std::string_view kind) {
                                         fromLatin1(visibleCaption(session_.document(), key)));
   pane_->showNode(key, kind);
   shownPage_ = nullptr;
-  model_->setPage(nullptr, {});
+  rows_->setPage(nullptr, {}, nullptr);
   rows_->hide();
   if (find_) find_->setGrid(nullptr);
   if (enhancedFind_) enhancedFind_->setGrid(nullptr);
@@ -308,23 +307,11 @@ void MainWindow::loadGrid(std::string_view departmentKey) {
   cell::CommitEnv env;
   env.feedback = &feedback_;
   env.changed = &session_.document().changed;
-  model_->setPage(shownPage_, env);
+  rows_->setPage(shownPage_, env, &feedback_);
   if (find_) find_->setGrid(shownPage_);
   if (enhancedFind_) enhancedFind_->setGrid(shownPage_);
   if (csvMapper_) csvMapper_->setGrid(shownPage_);
-  // The stored width, widened to the heading and to the texts of the first rows (a sample,
-  // so that a department of ten thousand rows opens as fast as a small one).
-  const QFontMetrics metrics = rows_->fontMetrics();
-  const int sample = std::min(model_->rowCount(), 60);
-  for (int c = 1; c < shownPage_->cols(); ++c) {
-    int width = std::max(40, shownPage_->colWidth(c) / 15);
-    width = std::max(width, metrics.horizontalAdvance(
-                                model_->headerData(c - 1, Qt::Horizontal, Qt::DisplayRole).toString()) + 16);
-    for (int r = 0; r < sample; ++r)
-      width = std::max(width, metrics.horizontalAdvance(model_->index(r, c - 1).data().toString()) + 12);
-    rows_->setColumnWidth(c - 1, std::min(width, 260));
-    rows_->setColumnHidden(c - 1, shownPage_->colWidth(c) == 0);
-  }
+  rows_->fitColumns();
   rows_->show();
 }
 
@@ -334,6 +321,8 @@ class CardRootsHolder {
  public:
   transfer::MountPointRoots roots;
 };
+
+QTableView* MainWindow::rowsPane() const { return rows_; }
 
 MainWindow::~MainWindow() {
   // The card manager windows read the card roots: they go first.
@@ -354,7 +343,7 @@ void MainWindow::openCardManager() {
   connect(card, &PatrolWindow::documentNeeded, this, [this] { commitShown(); });
   connect(card, &PatrolWindow::documentChanged, this, [this] {
     shownPage_ = nullptr;
-    model_->setPage(nullptr, {});
+    rows_->setPage(nullptr, {}, nullptr);
     rebuildVisibleTree(session_.document());
     afterFilesChanged();
   });
@@ -367,7 +356,7 @@ bool MainWindow::dropNode(const QString& sourceKey, const QString& targetKey, bo
   // nothing of the old one stays on show to be stored under it later.
   commitShown();
   shownPage_ = nullptr;
-  model_->setPage(nullptr, {});
+  rows_->setPage(nullptr, {}, nullptr);
   Document& doc = session_.document();
   treemod::MoveResult moved;
   if (startsWith(source, "SYS-")) {

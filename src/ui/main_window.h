@@ -53,7 +53,7 @@ class MainWindow : public QMainWindow, public SelectionHost {
 
   QTreeWidget* tree() const { return tree_; }
   class NodePane* nodePane() const { return pane_; }
-  QTableView* rowsPane() const { return rows_; }
+  QTableView* rowsPane() const;
   GridPage& channelPage() { return convgrid_; }
   GridPage& talkgroupPage() { return trunkgrid_; }
   // The grid of the department on show (null when none is).
@@ -112,7 +112,7 @@ class MainWindow : public QMainWindow, public SelectionHost {
   class FindDialog* find_ = nullptr;
   class EnhancedFindDialog* enhancedFind_ = nullptr;
   class CsvMapperDialog* csvMapper_ = nullptr;
-  QTableView* rows_ = nullptr;
+  class GridView* rows_ = nullptr;
   class GridPageModel* model_ = nullptr;
   GridPage convgrid_;
   GridPage trunkgrid_;

@@ -9,6 +9,7 @@
 #include "ui/enhanced_find_dialog.h"
 #include "ui/find_dialog.h"
 #include "ui/grid_page_model.h"
+#include "ui/grid_view.h"
 #include "ui/main_window.h"
 #include "ui/qt_feedback.h"
 
@@ -18,7 +19,8 @@ namespace zel::ui {
 // is not reloaded from its file, which is older than the grid until the selection moves.
 void MainWindow::gridChanged() {
   if (!shownPage_) return;
-  model_->reload();
+  model_->syncRows();
+  model_->refreshCells();
   const int row = std::max(0, shownPage_->row() - 1);
   const int col = std::max(0, shownPage_->col() - 1);
   const QModelIndex at = model_->index(row, col);
