@@ -147,7 +147,7 @@ void MainWindow::buildMenus() {
   addCommand(file, "Exit", [this] { close(); }, QKeySequence::Quit);
 
   QMenu* edit = menuBar()->addMenu("&Edit");
-  addCommand(edit, "New Channel", [this] { later("New Channel"); });
+  addCommand(edit, "New Channel", [this] { newChannelCommand(); }, QKeySequence("Ctrl+Shift+N"));
   addCommand(edit, "New Department", [this] { newDepartmentCommand(); }, QKeySequence("Ctrl+Shift+D"));
   edit->addSeparator();
   const char* systems[] = {"New Conventional System",     "New Motorola Trunk System",
@@ -164,9 +164,11 @@ void MainWindow::buildMenus() {
   }
   addCommand(edit, "New Site", [this] { newSiteCommand(); }, QKeySequence("Ctrl+Shift+S"));
   edit->addSeparator();
-  for (const char* c : {"Edit Departments", "Edit Favorites Configuration", "Edit Banknames"}) {
+  for (const char* c : {"Edit Departments", "Edit Banknames"}) {
     addCommand(edit, c, [this, c] { later(c); });
   }
+  // The favorites configuration is the card's: its manager edits it.
+  addCommand(edit, "Edit Favorites Configuration", [this] { openCardManager(); });
   addCommand(edit, "Find", [this] { openFind(); }, QKeySequence::Find);
   QMenu* dupMenu = edit->addMenu("Find Duplicates");
   actions_["Find Duplicates"] = dupMenu->menuAction();
@@ -332,6 +334,21 @@ MainWindow::~MainWindow() {
 void MainWindow::addCardRoot(const QString& folder) {
   if (!cardRoots_) cardRoots_ = std::make_unique<CardRootsHolder>();
   cardRoots_->roots.addUserRoot(toLatin1(folder));
+}
+
+// New Channel: the cursor goes to the first empty row of the department on show, where
+// typing starts the channel (the grid adds rows when the page is full).
+void MainWindow::newChannelCommand() {
+  if (!shownPage_) {
+    feedback_.message("error: please click on a department first");
+    return;
+  }
+  int row = 0;
+  while (row < model_->rowCount() && !model_->index(row, 0).data().toString().isEmpty()) ++row;
+  if (row >= model_->rowCount()) row = std::max(0, model_->rowCount() - 1);
+  rows_->setFocus();
+  rows_->setCurrentIndex(model_->index(row, 0));
+  rows_->scrollTo(model_->index(row, 0));
 }
 
 void MainWindow::openCardManager() {

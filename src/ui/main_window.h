@@ -88,6 +88,7 @@ class MainWindow : public QMainWindow, public SelectionHost {
   void exportCsvCommand();
   void gridChanged();
   void openCardManager();
+  void newChannelCommand();
   void updateStatus();
   void restoreGeometryFromSettings();
   // File commands (main_window_files.cpp).

@@ -99,8 +99,8 @@ class MainWindowTest : public QObject {
     QTableView* grid = f.window->rowsPane();
     QAbstractItemModel* model = grid->model();
     QCOMPARE(model->headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(), QString("Frequency"));
-    grid->setFocus();
-    grid->setCurrentIndex(model->index(0, 0));
+    QVERIFY(f.window->runCommand("New Channel"));  // the cursor on the first empty row
+    QCOMPARE(grid->currentIndex().row(), 0);
     QTest::keyClicks(grid, "154.28");
     QTest::keyClick(grid, Qt::Key_Return);
     QCOMPARE(model->index(0, 0).data().toString(), QString("154.280000"));
