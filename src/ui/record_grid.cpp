@@ -47,12 +47,12 @@ bool RecordGridModel::setData(const QModelIndex& index, const QVariant& value, i
   return true;
 }
 
-RecordGrid::RecordGrid(Document& document, Feedback& feedback, RecordGridSpec spec, GridSetup setup,
+RecordGrid::RecordGrid(Document& document, Feedback& feedback, RecordGridShape shape, GridSetup setup,
                        QWidget* parent)
     : QWidget(parent),
       document_(document),
       feedback_(feedback),
-      spec_(std::move(spec)),
+      shape_(std::move(shape)),
       setup_(setup) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -87,7 +87,7 @@ std::string RecordGrid::rowKey(int pageRow) const {
 }
 
 void RecordGrid::fillRow(int row, const std::string& line) {
-  for (const auto& [heading, field] : spec_.fields) {
+  for (const auto& [heading, field] : shape_.fields) {
     const int col = page_.findColumn(heading);
     if (col > 0) page_.setTextMatrix(row, col, record::field(line, field));
   }
@@ -99,12 +99,12 @@ void RecordGrid::load(const std::string& parentKey) {
   const DocumentTree& tree = document_.data;
   if (NodeId parent = parentKey.empty() ? kNoNode : tree.find(parentKey); parent != kNoNode) {
     for (NodeId c = tree.child(parent); c != kNoNode; c = tree.next(c)) {
-      if (startsWith(tree.key(c), spec_.childPrefix)) children.push_back(c);
+      if (startsWith(tree.key(c), shape_.childPrefix)) children.push_back(c);
     }
   }
   GridSetup setup = setup_;
   setup.pageSize = static_cast<int>(children.size()) + kSpareRows;
-  spec_.setup(&page_, setup);
+  shape_.setup(&page_, setup);
   rowKeys_.assign(page_.rows(), std::string());
   for (std::size_t i = 0; i < children.size(); ++i) {
     const int row = static_cast<int>(i) + 1;
@@ -113,7 +113,7 @@ void RecordGrid::load(const std::string& parentKey) {
   }
   cell::CommitEnv env;
   env.feedback = &feedback_;
-  env.rules = spec_.frequency;
+  env.rules = shape_.frequency;
   // The document's mark is set when a value reaches a line, not when it reaches the grid.
   env.changed = nullptr;
   model_->setPage(&page_, env);
@@ -136,25 +136,25 @@ void RecordGrid::onCommitted(int row, int column, const QString& stored) {
   std::string key = rowKey(row);
   if (key.empty()) {
     // A row becomes a child when its identity is typed; until then its cells wait.
-    if (heading != spec_.identityHeading || value.empty() || parentKey_.empty()) return;
-    key = spec_.newKey(document_, parentKey_);
+    if (heading != shape_.identityHeading || value.empty() || parentKey_.empty()) return;
+    key = shape_.newKey(document_, parentKey_);
     if (key.empty()) {
       feedback_.message("ERROR: Out of storage space");
       return;
     }
-    if (document_.data.add(parentKey_, key, spec_.newLine(value)) == kNoNode) return;
+    if (document_.data.add(parentKey_, key, shape_.newLine(value)) == kNoNode) return;
     if (static_cast<int>(rowKeys_.size()) <= row) rowKeys_.resize(row + 1);
     rowKeys_[row] = key;
     document_.changed = true;
-    if (spec_.added) spec_.added(key);
+    if (shape_.added) shape_.added(key);
     // Cells typed before the identity join the new line, and defaults show in the row.
-    for (const auto& [h, field] : spec_.fields) {
+    for (const auto& [h, field] : shape_.fields) {
       const int col = page_.findColumn(h);
-      if (col <= 0 || h == spec_.identityHeading) continue;
+      if (col <= 0 || h == shape_.identityHeading) continue;
       const std::string waiting = page_.textMatrix(row, col);
       if (!waiting.empty()) {
         treemod::setField(document_.data, key, field, waiting);
-        if (spec_.changed) spec_.changed(key, field, waiting);
+        if (shape_.changed) shape_.changed(key, field, waiting);
       }
     }
     fillRow(row, treemod::getText(document_.data, key));
@@ -167,9 +167,9 @@ void RecordGrid::onCommitted(int row, int column, const QString& stored) {
     emit childrenChanged();
     return;
   }
-  auto it = spec_.fields.find(heading);
-  if (it == spec_.fields.end()) return;
-  if (heading == spec_.identityHeading && value.empty()) {
+  auto it = shape_.fields.find(heading);
+  if (it == shape_.fields.end()) return;
+  if (heading == shape_.identityHeading && value.empty()) {
     // The identity of a child cannot be emptied: the row shows its line again.
     fillRow(row, treemod::getText(document_.data, key));
     model_->reload();
@@ -178,7 +178,7 @@ void RecordGrid::onCommitted(int row, int column, const QString& stored) {
   if (treemod::getField(document_.data, key, it->second) == value) return;
   treemod::setField(document_.data, key, it->second, value);
   document_.changed = true;
-  if (spec_.changed) spec_.changed(key, it->second, value);
+  if (shape_.changed) shape_.changed(key, it->second, value);
 }
 
 void RecordGrid::removeSelected() {
@@ -194,7 +194,7 @@ void RecordGrid::removeSelected() {
     const std::string key = rowKey(row);
     if (key.empty()) continue;
     treemod::removeNode(document_.data, key);
-    if (spec_.removed) spec_.removed(key);
+    if (shape_.removed) shape_.removed(key);
     any = true;
   }
   if (!any) return;

@@ -51,7 +51,7 @@ class RecordGridModel : public GridPageModel {
   std::map<std::string, OwnRule> rules_;
 };
 
-struct RecordGridSpec {
+struct RecordGridShape {
   // Builds the empty table of the grid's schema (setup_fgrid, setup_ugrid).
   std::function<bool(GridPage*, const GridSetup&)> setup;
   // Field of the child's line for each heading; headings not named are not stored.
@@ -72,7 +72,7 @@ class RecordGrid : public QWidget {
   Q_OBJECT
 
  public:
-  RecordGrid(Document& document, Feedback& feedback, RecordGridSpec spec, GridSetup setup,
+  RecordGrid(Document& document, Feedback& feedback, RecordGridShape shape, GridSetup setup,
              QWidget* parent = nullptr);
 
   // Shows the children of `parentKey` ("" shows an empty, disabled grid).
@@ -96,7 +96,7 @@ class RecordGrid : public QWidget {
 
   Document& document_;
   Feedback& feedback_;
-  RecordGridSpec spec_;
+  RecordGridShape shape_;
   GridSetup setup_;
   GridPage page_;
   RecordGridModel* model_ = nullptr;

@@ -9,30 +9,30 @@ namespace zel::ui {
 namespace {
 constexpr int kMaxSiteFrequencies = 999;
 
-RecordGridSpec siteSpec(Document& document, cell::FrequencyRules frequency) {
-  RecordGridSpec spec;
-  spec.setup = setup_fgrid;
-  spec.fields = {{"Frequency", 1}, {"LCN", 2}, {"ColorCode", 3}, {"RAN", 4}};
-  spec.identityHeading = "Frequency";
-  spec.childPrefix = "TFQ-";
-  spec.newKey = nextSiteFrequencyKey;
-  spec.newLine = [](const std::string& frequency) { return "TFQ," + frequency; };
+RecordGridShape siteSpec(Document& document, cell::FrequencyRules frequency) {
+  RecordGridShape shape;
+  shape.setup = setup_fgrid;
+  shape.fields = {{"Frequency", 1}, {"LCN", 2}, {"ColorCode", 3}, {"RAN", 4}};
+  shape.identityHeading = "Frequency";
+  shape.childPrefix = "TFQ-";
+  shape.newKey = nextSiteFrequencyKey;
+  shape.newLine = [](const std::string& frequency) { return "TFQ," + frequency; };
   // The flat tree holds a copy of every site frequency line.
-  spec.added = [&document](const std::string& key) {
+  shape.added = [&document](const std::string& key) {
     document.frequencies.add({}, key, treemod::getText(document.data, key));
   };
-  spec.changed = [&document](const std::string& key, int field, const std::string& value) {
+  shape.changed = [&document](const std::string& key, int field, const std::string& value) {
     if (!document.frequencies.contains(key)) {
       document.frequencies.add({}, key, treemod::getText(document.data, key));
       return;
     }
     treemod::setField(document.frequencies, key, field, value);
   };
-  spec.removed = [&document](const std::string& key) {
+  shape.removed = [&document](const std::string& key) {
     treemod::removeNode(document.frequencies, key);
   };
-  spec.frequency = frequency;
-  return spec;
+  shape.frequency = frequency;
+  return shape;
 }
 
 }  // namespace

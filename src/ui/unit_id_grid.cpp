@@ -13,20 +13,20 @@ namespace {
 constexpr int kMaxUnitIds = 9999;
 constexpr std::string_view kNewListHead = "UID,UID Editor";
 
-RecordGridSpec unitSpec(const Document& document) {
-  RecordGridSpec spec;
-  spec.setup = setup_ugrid;
-  spec.fields = {{"Unit ID", 1},     {"Alpha Tag", 2},   {"Alert Tone", 3},
+RecordGridShape unitSpec(const Document& document) {
+  RecordGridShape shape;
+  shape.setup = setup_ugrid;
+  shape.fields = {{"Unit ID", 1},     {"Alpha Tag", 2},   {"Alert Tone", 3},
                  {"Alert Level", 4}, {"Alert Light", 5}, {"Alert Pattern", 6}};
-  spec.identityHeading = "Unit ID";
-  spec.childPrefix = "UDD-";
-  spec.newKey = nextUnitIdKey;
+  shape.identityHeading = "Unit ID";
+  shape.childPrefix = "UDD-";
+  shape.newKey = nextUnitIdKey;
   const bool x36 = document.x36Mode;
   // The defaults of the alert lists, so a new unit writes as the scanner expects.
-  spec.newLine = [x36](const std::string& id) {
+  shape.newLine = [x36](const std::string& id) {
     return "UID," + id + ",,Off,Auto" + (x36 ? ",Off,On" : "");
   };
-  return spec;
+  return shape;
 }
 }  // namespace
 
