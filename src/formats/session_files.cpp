@@ -206,8 +206,6 @@ ConfigSaveOutcome saveSessionConfig(Session& session, const std::string& cfgPath
   return out;
 }
 
-std::string activeProfilePath(const Session& session) { return session.activeProfilePath(); }
-
 ProfileSaveState saveSessionProfile(Session& session, const std::string& pathOrEmpty,
                                     std::string& message) {
   std::string path = pathOrEmpty.empty() ? session.activeProfilePath() : pathOrEmpty;

@@ -65,7 +65,5 @@ ProfileSaveState saveSessionProfile(Session& session, const std::string& pathOrE
                                     std::string& message);
 OpenOutcome openSessionProfile(Session& session, const std::string& path, bool autoload = false);
 void clearSessionProfile(Session& session);
-// Where Save Profile writes the active profile (the data folder, the name, ".pfl").
-std::string activeProfilePath(const Session& session);
 
 }  // namespace zel::formats

@@ -31,6 +31,16 @@ CardPaths cardPaths(const std::string& scannerRoot, CardFamily family) {
   return p;
 }
 
+// The row of a list about to be made under `number`, before its flags are set.
+static FavoritesRow newListRow(int number, const std::string& name, const std::string& file) {
+  FavoritesRow r;
+  r.key = rowKey(number);
+  r.tag = "F-List";
+  r.name = name;
+  r.file = file;
+  return r;
+}
+
 std::string backupNameOf(std::string_view file) {
   std::string name(file);
   auto dot = name.rfind('.');
@@ -117,12 +127,7 @@ SaveOutcome FavoritesCard::saveList(std::string_view hpdText, std::string name,
       return out;
     }
     out.file = paths_.listFileName(out.number);
-    FavoritesRow r;
-    r.key = rowKey(out.number);
-    r.tag = "F-List";
-    r.name = name;
-    r.file = out.file;
-    rows.push_back(r);
+    rows.push_back(newListRow(out.number, name, out.file));
     row = static_cast<int>(rows.size()) - 1;
   }
   rows[row].startupKeys = "1111111111";
@@ -360,13 +365,8 @@ SaveOutcome FavoritesCard::addServiceSearch(std::string_view hpdText, const std:
     return out;
   }
   out.file = home.listFileName(out.number);
-  FavoritesRow r;
-  r.key = rowKey(out.number);
-  r.tag = "F-List";
-  r.name = caption;
-  r.file = out.file;
   auto rows = rows_;
-  rows.push_back(r);
+  rows.push_back(newListRow(out.number, caption, out.file));
 
   std::error_code ec;
   const bool madeFolder = fs::create_directories(home.folder, ec);

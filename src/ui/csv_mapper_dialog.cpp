@@ -97,17 +97,22 @@ CsvMapperDialog::CsvMapperDialog(Session& session, Feedback& feedback, GridPage*
   restorePosition();
 }
 
+QPushButton* CsvMapperDialog::addButton(QHBoxLayout* row, QWidget* bar, const char* caption,
+                                        const char* name, std::function<void()> handler) {
+  auto* b = new QPushButton(caption, bar);
+  b->setObjectName(name);
+  b->setAutoDefault(false);
+  connect(b, &QPushButton::clicked, this, std::move(handler));
+  row->addWidget(b);
+  return b;
+}
+
 QWidget* CsvMapperDialog::buildButtons() {
   auto* bar = new QWidget(this);
   auto* row = new QHBoxLayout(bar);
   row->setContentsMargins(0, 0, 0, 0);
   auto button = [&](const char* caption, const char* name, auto handler) {
-    auto* b = new QPushButton(caption, bar);
-    b->setObjectName(name);
-    b->setAutoDefault(false);
-    connect(b, &QPushButton::clicked, this, handler);
-    row->addWidget(b);
-    return b;
+    return addButton(row, bar, caption, name, handler);
   };
   button("Load File", "cmdLoad", [this] { openFileDialog(); });
   row->addWidget(new QLabel("Separator:", bar));
@@ -128,12 +133,7 @@ QWidget* CsvMapperDialog::buildTransfers() {
   auto* row = new QHBoxLayout(bar);
   row->setContentsMargins(0, 0, 0, 0);
   auto button = [&](const char* caption, const char* name, auto handler) {
-    auto* b = new QPushButton(caption, bar);
-    b->setObjectName(name);
-    b->setAutoDefault(false);
-    connect(b, &QPushButton::clicked, this, handler);
-    row->addWidget(b);
-    return b;
+    return addButton(row, bar, caption, name, handler);
   };
   button("Save CSV", "mnu_csv", [this] { saveCsvDialog(); });
   button("Copy To Clipboard", "mnu_copy", [this] { copyToClipboard(); });

@@ -17,6 +17,7 @@ class QCheckBox;
 class QComboBox;
 class QLineEdit;
 class QPushButton;
+class QHBoxLayout;
 class QRadioButton;
 class QSpinBox;
 class QTableView;
@@ -70,6 +71,8 @@ class CsvMapperDialog : public QDialog {
  private:
   QWidget* buildLineFilters();
   QWidget* buildCellFilters();
+  QPushButton* addButton(QHBoxLayout* row, QWidget* bar, const char* caption, const char* name,
+                         std::function<void()> handler);
   QWidget* buildButtons();
   QWidget* buildTransfers();
   void refresh();
