@@ -128,6 +128,20 @@ void readBackColumnWidths(GridPage& grid, Schema schema, ColumnWidthTable& table
   }
 }
 
+void keepChosenColumnWidth(const GridSetup& setup, Schema schema, int col, int twips) {
+  if (setup.widths) setup.widths->set(schema, col, twips);
+  const std::string key = columnWidthKey(schema, col);
+  if (setup.settings && !key.empty()) {
+    Settings(*setup.settings).put(kWidthSection, key, std::to_string(twips));
+  }
+}
+
+bool columnWidthChosen(SettingsStore* settings, Schema schema, int col) {
+  const std::string key = columnWidthKey(schema, col);
+  std::string ignored;
+  return settings && !key.empty() && settings->read(kWidthSection, key, ignored);
+}
+
 void saveColumnWidths(const ColumnWidthTable& table, Schema schema, ScannerFamily family,
                       SettingsStore& settings) {
   const HeadingList& headings = schemaHeadings(schema, family);

@@ -63,6 +63,11 @@ bool setup_fgrid(GridPage* grid, const GridSetup& setup);  // site frequencies
 // Takes the grid's present widths into the table. The sort column is forced to width 0
 // first: it is a working column and must never show.
 void readBackColumnWidths(GridPage& grid, Schema schema, ColumnWidthTable& table);
+// A width the user chose for one column: into the table and, at once, into the settings, so
+// that it outlives the page, the run and a crash. `twips` as the page holds widths.
+void keepChosenColumnWidth(const GridSetup& setup, Schema schema, int col, int twips);
+// True when the settings hold a width for the column (the user chose it once).
+bool columnWidthChosen(SettingsStore* settings, Schema schema, int col);
 // Stores the table's widths of a schema's columns in the settings.
 void saveColumnWidths(const ColumnWidthTable& table, Schema schema, ScannerFamily family,
                       SettingsStore& settings);

@@ -15,6 +15,7 @@
 
 #include "grid/column_schemas.h"
 #include "grid/grid_routines.h"
+#include "ui/column_width_watch.h"
 #include "ui/qt_feedback.h"
 
 namespace zel::ui {
@@ -22,6 +23,7 @@ namespace zel::ui {
 namespace {
 
 constexpr int kDropListRows = 12;
+constexpr int kTwipsPerPixel = 15;  // widths are kept in twips, as the settings hold them
 
 bool isNavigation(int key) {
   switch (key) {
@@ -70,6 +72,14 @@ GridView::GridView(QWidget* parent) : QTableView(parent), model_(new GridPageMod
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   horizontalHeader()->setSectionsClickable(true);
   horizontalHeader()->setSortIndicatorShown(false);
+  connect(new ColumnWidthWatch(horizontalHeader()), &ColumnWidthWatch::chosen, this,
+          [this](int column, int pixels) {
+            const int pageColumn = column + 1;
+            if (!page_ || pageColumn >= page_->cols()) return;
+            const int twips = pixels * kTwipsPerPixel;
+            page_->setColWidth(pageColumn, twips);
+            emit columnWidthChosen(pageColumn, twips);
+          });
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
     const bool ascending = column == sortColumn_ ? !sortAscending_ : true;
     sortByColumn(column, ascending);
@@ -157,12 +167,17 @@ void GridView::applyHiddenColumns() {
   }
 }
 
-void GridView::fitColumns() {
+void GridView::fitColumns(const std::function<bool(int pageColumn)>& chosen) {
   if (!page_) return;
   const QFontMetrics metrics = fontMetrics();
   const int sample = std::min(model_->rowCount(), 60);
   for (int c = 1; c < page_->cols(); ++c) {
-    int width = std::max(40, page_->colWidth(c) / 15);
+    const int stored = page_->colWidth(c) / kTwipsPerPixel;
+    if (chosen && chosen(c) && stored > 0) {
+      setColumnWidth(c - 1, stored);
+      continue;
+    }
+    int width = std::max(40, stored);
     width = std::max(width, metrics.horizontalAdvance(model_->heading(c - 1)) + 16);
     for (int r = 0; r < sample; ++r) {
       width =

@@ -13,6 +13,7 @@
 
 #include <QPointer>
 #include <QTableView>
+#include <functional>
 #include <memory>
 
 #include "core/ports.h"
@@ -48,8 +49,9 @@ class GridView : public QTableView {
 
   // Stored width of each column widened to its heading and to the texts of the first 60
   // rows (a sample, so a department of ten thousand rows opens as fast as a small one),
-  // capped at 260 pixels.
-  void fitColumns();
+  // capped at 260 pixels. A column for which `chosen` says yes keeps its stored width as it
+  // is: the user set it by dragging the border.
+  void fitColumns(const std::function<bool(int pageColumn)>& chosen = {});
   // Closes an open edit box, keeping what was typed (before the page is stored).
   void finishEdit();
 
@@ -75,6 +77,8 @@ class GridView : public QTableView {
  signals:
   void statusText(const QString& text);
   void rowsChanged();
+  // The user dragged a column border: the page holds the new width (in twips) already.
+  void columnWidthChosen(int pageColumn, int twips);
 
  protected:
   bool event(QEvent* event) override;

@@ -21,15 +21,15 @@
 #include "core/tree_moves.h"
 #include "core/tree_operations.h"
 #include "grid/row_record.h"
-#include "ui/grid_page_model.h"
-#include "ui/qt_feedback.h"
 #include "ui/csv_mapper_dialog.h"
 #include "ui/enhanced_find_dialog.h"
 #include "ui/favorites_tree.h"
-#include "ui/grid_view.h"
 #include "ui/find_dialog.h"
+#include "ui/grid_page_model.h"
+#include "ui/grid_view.h"
 #include "ui/node_pane.h"
 #include "ui/patrol_window.h"
+#include "ui/qt_feedback.h"
 #include "ui/vc_window.h"
 
 namespace zel::ui {
@@ -57,7 +57,8 @@ MainWindow::MainWindow(Session& session, Feedback& feedback, QWidget* parent)
   statusBar()->addPermanentWidget(lblSys_);
   statusBar()->addPermanentWidget(unsaved_);
   statusBar()->showMessage("Ready");
-  if (auto* qf = dynamic_cast<QtFeedback*>(&feedback_)) qf->attach(this, statusBar(), lblSys_, list5_);
+  if (auto* qf = dynamic_cast<QtFeedback*>(&feedback_))
+    qf->attach(this, statusBar(), lblSys_, list5_);
   restoreGeometryFromSettings();
   refreshTree();
   updateStatus();
@@ -94,6 +95,7 @@ void MainWindow::buildCentre() {
   connect(rows_, &GridView::statusText, this,
           [this](const QString& text) { statusBar()->showMessage(text); });
   connect(rows_, &GridView::rowsChanged, this, [this] { updateStatus(); });
+  connect(rows_, &GridView::columnWidthChosen, this, &MainWindow::keepColumnWidth);
   rows_->hide();
   layout->addWidget(rows_, 2);
   GridSetup setup;
@@ -126,50 +128,61 @@ void MainWindow::later(const QString& caption) {
 void MainWindow::buildMenus() {
   QMenu* file = menuBar()->addMenu("&File");
   QMenu* fileNew = file->addMenu("&New");
-  addCommand(fileNew, "New HPD", [this] { newDocumentCommand(); }, QKeySequence::New);
+  addCommand(
+      fileNew, "New HPD", [this] { newDocumentCommand(); }, QKeySequence::New);
   addCommand(fileNew, "New File", [this] { newListCommand(); });
   addCommand(fileNew, "New Favourite", [this] { newListCommand(); });
-  addCommand(file, "Open", [this] { openCommand(); }, QKeySequence::Open);
-  addCommand(file, "Save", [this] { saveCommand(); }, QKeySequence::Save);
-  addCommand(file, "Save As", [this] { saveAsCommand(); }, QKeySequence("Ctrl+Shift+A"));
+  addCommand(
+      file, "Open", [this] { openCommand(); }, QKeySequence::Open);
+  addCommand(
+      file, "Save", [this] { saveCommand(); }, QKeySequence::Save);
+  addCommand(
+      file, "Save As", [this] { saveAsCommand(); }, QKeySequence("Ctrl+Shift+A"));
   addCommand(file, "Open Config File", [this] { openConfigCommand(); });
   addCommand(file, "Save Config File", [this] { saveConfigCommand(); });
   QMenu* import = file->addMenu("&Import");
-  addCommand(import, "Import CSV File", [this] { openCsvMapper(); }, QKeySequence("Ctrl+I"));
-  for (const char* c : {"Import RSF File", "Import System(s) from Database",
-                        "Import ZEL XT File", "Import ZEL396/996 File"}) {
+  addCommand(
+      import, "Import CSV File", [this] { openCsvMapper(); }, QKeySequence("Ctrl+I"));
+  for (const char* c : {"Import RSF File", "Import System(s) from Database", "Import ZEL XT File",
+                        "Import ZEL396/996 File"}) {
     addCommand(import, c, [this, c] { later(c); });
   }
   QMenu* exportMenu = file->addMenu("&Export");
   addCommand(exportMenu, "Export CSV", [this] { exportCsvCommand(); });
-  addCommand(file, "Print", [this] { later("Print"); }, QKeySequence::Print);
+  addCommand(
+      file, "Print", [this] { later("Print"); }, QKeySequence::Print);
   file->addSeparator();
-  addCommand(file, "Exit", [this] { close(); }, QKeySequence::Quit);
+  addCommand(
+      file, "Exit", [this] { close(); }, QKeySequence::Quit);
 
   QMenu* edit = menuBar()->addMenu("&Edit");
-  addCommand(edit, "New Channel", [this] { newChannelCommand(); }, QKeySequence("Ctrl+Shift+N"));
-  addCommand(edit, "New Department", [this] { newDepartmentCommand(); }, QKeySequence("Ctrl+Shift+D"));
+  addCommand(
+      edit, "New Channel", [this] { newChannelCommand(); }, QKeySequence("Ctrl+Shift+N"));
+  addCommand(
+      edit, "New Department", [this] { newDepartmentCommand(); }, QKeySequence("Ctrl+Shift+D"));
   edit->addSeparator();
-  const char* systems[] = {"New Conventional System",     "New Motorola Trunk System",
-                           "New LT Trunk System",         "New Edacs Trunk System",
-                           "New P25 Trunk System",        "New X2 TDMA Trunk System",
-                           "New Nxdn Trunk System",       "New Nxdn One Frequency System",
-                           "New MotoTRBO Trunk System",   "New DMR One Frequency System",
-                           "New Rebanded Trunk System"};
+  const char* systems[] = {
+      "New Conventional System",      "New Motorola Trunk System",     "New LT Trunk System",
+      "New Edacs Trunk System",       "New P25 Trunk System",          "New X2 TDMA Trunk System",
+      "New Nxdn Trunk System",        "New Nxdn One Frequency System", "New MotoTRBO Trunk System",
+      "New DMR One Frequency System", "New Rebanded Trunk System"};
   for (const char* c : systems) {
     QKeySequence key;
     if (QString(c) == "New Conventional System") key = QKeySequence("Ctrl+Shift+C");
     if (QString(c) == "New P25 Trunk System") key = QKeySequence("Ctrl+Shift+P");
-    addCommand(edit, c, [this, c] { newSystemCommand(c); }, key);
+    addCommand(
+        edit, c, [this, c] { newSystemCommand(c); }, key);
   }
-  addCommand(edit, "New Site", [this] { newSiteCommand(); }, QKeySequence("Ctrl+Shift+S"));
+  addCommand(
+      edit, "New Site", [this] { newSiteCommand(); }, QKeySequence("Ctrl+Shift+S"));
   edit->addSeparator();
   for (const char* c : {"Edit Departments", "Edit Banknames"}) {
     addCommand(edit, c, [this, c] { later(c); });
   }
   // The favorites configuration is the card's: its manager edits it.
   addCommand(edit, "Edit Favorites Configuration", [this] { openCardManager(); });
-  addCommand(edit, "Find", [this] { openFind(); }, QKeySequence::Find);
+  addCommand(
+      edit, "Find", [this] { openFind(); }, QKeySequence::Find);
   QMenu* dupMenu = edit->addMenu("Find Duplicates");
   actions_["Find Duplicates"] = dupMenu->menuAction();
   addDuplicateSearchEntries(dupMenu, [this]() -> EnhancedFindDialog& { return enhancedFind(); });
@@ -179,17 +192,25 @@ void MainWindow::buildMenus() {
   QMenu* scanner = menuBar()->addMenu("&Scanner");
   // Both directions of the card are the card manager's: reading lists into the document
   // and writing the document as a list.
-  addCommand(scanner, "Read Data", [this] { openCardManager(); }, QKeySequence("Ctrl+R"));
-  addCommand(scanner, "Write Data", [this] { openCardManager(); }, QKeySequence("Ctrl+W"));
+  addCommand(
+      scanner, "Read Data", [this] { openCardManager(); }, QKeySequence("Ctrl+R"));
+  addCommand(
+      scanner, "Write Data", [this] { openCardManager(); }, QKeySequence("Ctrl+W"));
   scanner->addSeparator();
-  addCommand(scanner, "Virtual Control BCDx36HP / UBCD3600XLT", [this] {
-    openVirtualControl(this, session_.settingsCodec().store(), feedback_, session_.folders().data,
-                       control::Family::Bcd);
-  }, QKeySequence("Ctrl+Shift+V"));
-  addCommand(scanner, "Virtual Control SDS100 / SDS200", [this] {
-    openVirtualControl(this, session_.settingsCodec().store(), feedback_, session_.folders().data,
-                       control::Family::Sds);
-  }, QKeySequence("Ctrl+Alt+V"));
+  addCommand(
+      scanner, "Virtual Control BCDx36HP / UBCD3600XLT",
+      [this] {
+        openVirtualControl(this, session_.settingsCodec().store(), feedback_,
+                           session_.folders().data, control::Family::Bcd);
+      },
+      QKeySequence("Ctrl+Shift+V"));
+  addCommand(
+      scanner, "Virtual Control SDS100 / SDS200",
+      [this] {
+        openVirtualControl(this, session_.settingsCodec().store(), feedback_,
+                           session_.folders().data, control::Family::Sds);
+      },
+      QKeySequence("Ctrl+Alt+V"));
 
   QMenu* profile = menuBar()->addMenu("&Profile");
   addCommand(profile, "Open Profile", [this] { openProfileCommand(); });
@@ -237,7 +258,8 @@ void MainWindow::newDepartmentCommand() {
 void MainWindow::refreshTree() {
   const DocumentTree& vis = session_.document().visible;
   tree_->clear();
-  std::function<void(NodeId, QTreeWidgetItem*)> addChildren = [&](NodeId node, QTreeWidgetItem* parent) {
+  std::function<void(NodeId, QTreeWidgetItem*)> addChildren = [&](NodeId node,
+                                                                  QTreeWidgetItem* parent) {
     for (NodeId c : vis.childList(node)) {
       auto* item = new QTreeWidgetItem(parent);
       const QString key = QString::fromStdString(vis.key(c));
@@ -279,7 +301,9 @@ void MainWindow::onTreeClicked(QTreeWidgetItem* item) {
   updateStatus();
 }
 
-void MainWindow::storePane(std::string_view, std::string_view) { pane_->storeNode(); }
+void MainWindow::storePane(std::string_view, std::string_view) {
+  pane_->storeNode();
+}
 
 void MainWindow::storeGrid(std::string_view departmentKey) {
   if (!shownPage_) return;
@@ -313,8 +337,25 @@ void MainWindow::loadGrid(std::string_view departmentKey) {
   if (find_) find_->setGrid(shownPage_);
   if (enhancedFind_) enhancedFind_->setGrid(shownPage_);
   if (csvMapper_) csvMapper_->setGrid(shownPage_);
-  rows_->fitColumns();
+  SettingsStore* store = &session_.settingsCodec().store();
+  rows_->fitColumns([store, schema = shownSchema()](int column) {
+    return columnWidthChosen(store, schema, column);
+  });
   rows_->show();
+}
+
+Schema MainWindow::shownSchema() const {
+  return shownPage_ == &trunkgrid_ ? Schema::Talkgroup : Schema::Channel;
+}
+
+// A width the user dragged goes to the settings at once, so that it survives a crash as
+// well as the next department and the next run.
+void MainWindow::keepColumnWidth(int column, int twips) {
+  if (!shownPage_) return;
+  GridSetup setup;
+  setup.settings = &session_.settingsCodec().store();
+  setup.widths = &widths_;
+  keepChosenColumnWidth(setup, shownSchema(), column, twips);
 }
 
 // The mount points of removable media and the roots given on the command line; it outlives
@@ -324,7 +365,9 @@ class CardRootsHolder {
   transfer::MountPointRoots roots;
 };
 
-QTableView* MainWindow::rowsPane() const { return rows_; }
+QTableView* MainWindow::rowsPane() const {
+  return rows_;
+}
 
 MainWindow::~MainWindow() {
   // The card manager windows read the card roots: they go first.
@@ -402,7 +445,8 @@ void MainWindow::onCaptionChanged(const QString& key) {
   QTreeWidgetItemIterator it(tree_);
   for (; *it; ++it) {
     if ((*it)->data(0, kKeyRole).toString() != key) continue;
-    (*it)->setText(0, kindIcon(key) + fromLatin1(visibleCaption(session_.document(), toLatin1(key))));
+    (*it)->setText(0,
+                   kindIcon(key) + fromLatin1(visibleCaption(session_.document(), toLatin1(key))));
   }
   paneTitle_->setText(QString::fromStdString(session_.selectedKind()) + ": " +
                       fromLatin1(visibleCaption(session_.document(), toLatin1(key))));
@@ -411,7 +455,8 @@ void MainWindow::onCaptionChanged(const QString& key) {
 
 void MainWindow::updateStatus() {
   unsaved_->setText(QString::fromStdString(session_.unsavedText()));
-  if (session_.selectedKey().empty()) setWindowTitle(QString::fromStdString(session_.windowTitle("")));
+  if (session_.selectedKey().empty())
+    setWindowTitle(QString::fromStdString(session_.windowTitle("")));
 }
 
 void MainWindow::restoreGeometryFromSettings() {

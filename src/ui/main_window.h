@@ -71,6 +71,8 @@ class MainWindow : public QMainWindow, public SelectionHost {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  Schema shownSchema() const;
+  void keepColumnWidth(int column, int twips);
   void buildMenus();
   void buildCentre();
   QAction* addCommand(QMenu* menu, const QString& caption, std::function<void()> handler,

@@ -12,6 +12,7 @@
 #include "core/record_line.h"
 #include "core/text.h"
 #include "core/tree_operations.h"
+#include "ui/column_width_watch.h"
 #include "ui/qt_feedback.h"
 
 namespace zel::ui {
@@ -47,8 +48,8 @@ bool RecordGridModel::setData(const QModelIndex& index, const QVariant& value, i
   return true;
 }
 
-RecordGrid::RecordGrid(Document& document, Feedback& feedback, RecordGridShape shape, GridSetup setup,
-                       QWidget* parent)
+RecordGrid::RecordGrid(Document& document, Feedback& feedback, RecordGridShape shape,
+                       GridSetup setup, QWidget* parent)
     : QWidget(parent),
       document_(document),
       feedback_(feedback),
@@ -67,6 +68,13 @@ RecordGrid::RecordGrid(Document& document, Feedback& feedback, RecordGridShape s
   view_->horizontalHeader()->setResizeContentsPrecision(kContentRows);
   view_->verticalHeader()->setDefaultSectionSize(22);
   layout->addWidget(view_, 1);
+  connect(new ColumnWidthWatch(view_->horizontalHeader()), &ColumnWidthWatch::chosen, this,
+          [this](int column, int pixels) {
+            const int pageColumn = column + 1;
+            if (pageColumn >= page_.cols()) return;
+            page_.setColWidth(pageColumn, pixels * kTwipsPerPixel);
+            keepChosenColumnWidth(setup_, shape_.schema, pageColumn, pixels * kTwipsPerPixel);
+          });
 
   auto* buttons = new QHBoxLayout;
   count_ = new QLabel(this);
@@ -117,11 +125,14 @@ void RecordGrid::load(const std::string& parentKey) {
   // The document's mark is set when a value reaches a line, not when it reaches the grid.
   env.changed = nullptr;
   model_->setPage(&page_, env);
-  // Wide enough for what the first rows hold, and never below the stored width.
+  // Wide enough for what the first rows hold, and never below the stored width; a width the
+  // user chose stays as it is.
   view_->resizeColumnsToContents();
   for (int c = 1; c < page_.cols(); ++c) {
     const int stored = std::max(60, page_.colWidth(c) / kTwipsPerPixel);
-    view_->setColumnWidth(c - 1, std::max(stored, view_->columnWidth(c - 1) + 12));
+    const bool chosen = columnWidthChosen(setup_.settings, shape_.schema, c);
+    view_->setColumnWidth(c - 1,
+                          chosen ? stored : std::max(stored, view_->columnWidth(c - 1) + 12));
   }
   const bool enabled = !parentKey.empty() && tree.contains(parentKey);
   view_->setEnabled(enabled);

@@ -54,6 +54,7 @@ class RecordGridModel : public GridPageModel {
 struct RecordGridShape {
   // Builds the empty table of the grid's schema (setup_fgrid, setup_ugrid).
   std::function<bool(GridPage*, const GridSetup&)> setup;
+  Schema schema = Schema::Site;  // whose "colwidth" keys the widths the user chose go to
   // Field of the child's line for each heading; headings not named are not stored.
   std::map<std::string, int> fields;
   std::string identityHeading;  // the column whose value makes a child

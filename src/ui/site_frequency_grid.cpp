@@ -12,6 +12,7 @@ constexpr int kMaxSiteFrequencies = 999;
 RecordGridShape siteSpec(Document& document, cell::FrequencyRules frequency) {
   RecordGridShape shape;
   shape.setup = setup_fgrid;
+  shape.schema = Schema::Site;
   shape.fields = {{"Frequency", 1}, {"LCN", 2}, {"ColorCode", 3}, {"RAN", 4}};
   shape.identityHeading = "Frequency";
   shape.childPrefix = "TFQ-";

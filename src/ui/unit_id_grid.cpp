@@ -16,6 +16,7 @@ constexpr std::string_view kNewListHead = "UID,UID Editor";
 RecordGridShape unitSpec(const Document& document) {
   RecordGridShape shape;
   shape.setup = setup_ugrid;
+  shape.schema = Schema::Unit;
   shape.fields = {{"Unit ID", 1},     {"Alpha Tag", 2},   {"Alert Tone", 3},
                  {"Alert Level", 4}, {"Alert Light", 5}, {"Alert Pattern", 6}};
   shape.identityHeading = "Unit ID";

@@ -1,18 +1,23 @@
 // The main window under the offscreen platform: the New commands add nodes to the visible
 // tree with the system's messages, a click shows the node's record, and edits of the pane
 // reach the record line.
+#include "ui/main_window.h"
+
 #include <QAction>
-#include <QTableView>
+#include <QApplication>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QStackedWidget>
+#include <QTableView>
 #include <QTest>
 #include <QTreeWidget>
 
 #include "core/memory_ports.h"
 #include "core/record_line.h"
+#include "core/settings.h"
 #include "core/tree_operations.h"
 #include "test_folder.h"
-#include "ui/main_window.h"
 #include "ui/node_pane.h"
 
 using namespace zel;
@@ -39,12 +44,29 @@ class MainWindowTest : public QObject {
   void titleAndMenusAreThere() {
     Fixture f;
     QVERIFY(f.window->windowTitle().startsWith("ZEL536"));
-    for (const char* caption :
-         {"New HPD", "New File", "New Favourite", "Open", "Save", "Open Config File",
-          "Save Config File", "Import CSV File", "Export CSV", "Exit", "New Department",
-          "New Conventional System", "New Nxdn One Frequency System", "New Rebanded Trunk System",
-          "New Site", "Edit Departments", "Edit Favorites Configuration", "Find",
-          "Find Duplicates", "Read Data", "Write Data", "Open Profile", "Clear Profile Name"}) {
+    for (const char* caption : {"New HPD",
+                                "New File",
+                                "New Favourite",
+                                "Open",
+                                "Save",
+                                "Open Config File",
+                                "Save Config File",
+                                "Import CSV File",
+                                "Export CSV",
+                                "Exit",
+                                "New Department",
+                                "New Conventional System",
+                                "New Nxdn One Frequency System",
+                                "New Rebanded Trunk System",
+                                "New Site",
+                                "Edit Departments",
+                                "Edit Favorites Configuration",
+                                "Find",
+                                "Find Duplicates",
+                                "Read Data",
+                                "Write Data",
+                                "Open Profile",
+                                "Clear Profile Name"}) {
       QVERIFY2(f.window->action(caption) != nullptr, caption);
     }
   }
@@ -73,7 +95,8 @@ class MainWindowTest : public QObject {
              QString("Can't add department. Please add a new system or select existing system."));
     f.window->runCommand("New Conventional System");
     f.window->runCommand("New Site");
-    QCOMPARE(QString::fromStdString(f.feedback.messages.back()), QString("error, not a trunk system."));
+    QCOMPARE(QString::fromStdString(f.feedback.messages.back()),
+             QString("error, not a trunk system."));
     QVERIFY(!f.session.document().data.contains("SIT-001-001"));
   }
 
@@ -98,7 +121,8 @@ class MainWindowTest : public QObject {
     QVERIFY(f.window->selectKey("GRP-999-001-001"));
     QTableView* grid = f.window->rowsPane();
     QAbstractItemModel* model = grid->model();
-    QCOMPARE(model->headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(), QString("Frequency"));
+    QCOMPARE(model->headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(),
+             QString("Frequency"));
     QVERIFY(f.window->runCommand("New Channel"));  // the cursor on the first empty row
     QCOMPARE(grid->currentIndex().row(), 0);
     QTest::keyClicks(grid, "154.28");
@@ -119,6 +143,40 @@ class MainWindowTest : public QObject {
     QCOMPARE(model->index(0, 0).data().toString(), QString("154.280000"));
     QCOMPARE(model->index(0, 2).data().toString(), toggled);
     QCOMPARE(model->index(0, 1).data().toString(), QString("Fire; Main"));
+  }
+
+  // Dragging a column border is what the user chose: the width goes to "colwidth" at once and
+  // the next department shows the column as wide, however short its texts are.
+  void draggedColumnWidthIsStoredAndKept() {
+    Fixture f;
+    f.window->runCommand("New Conventional System");
+    QVERIFY(f.window->selectKey("GRP-999-001-001"));
+    QTableView* grid = f.window->rowsPane();
+    QHeaderView* header = grid->horizontalHeader();
+    const int before = header->sectionSize(1);
+    const int border = header->sectionViewportPosition(1) + before - 1;
+    const int y = header->height() / 2;
+    QWidget* port = header->viewport();
+    auto send = [port](QEvent::Type type, int x, int y, Qt::MouseButtons buttons) {
+      QMouseEvent event(type, QPointF(x, y), port->mapToGlobal(QPointF(x, y)), Qt::LeftButton,
+                        buttons, Qt::NoModifier);
+      QApplication::sendEvent(port, &event);
+    };
+    send(QEvent::MouseMove, border, y, Qt::NoButton);
+    send(QEvent::MouseButtonPress, border, y, Qt::LeftButton);
+    send(QEvent::MouseMove, border + 90, y, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, border + 90, y, Qt::NoButton);
+    const int dragged = header->sectionSize(1);
+    QVERIFY2(dragged > before + 45, qPrintable(QString("%1 -> %2").arg(before).arg(dragged)));
+    const std::string stored = Settings(f.store).getPlain("colwidth", "ccol_width2", "");
+    QCOMPARE(QString::fromStdString(stored), QString::number(dragged * 15));
+    // A column the view sizes itself is not the user's choice and writes nothing.
+    std::string raw;
+    QVERIFY(!f.store.read("colwidth", "ccol_width1", raw));
+
+    f.window->runCommand("New Department");
+    QVERIFY(f.window->selectKey("GRP-999-001-002"));
+    QCOMPARE(f.window->rowsPane()->horizontalHeader()->sectionSize(1), dragged);
   }
 
   void closeAsksWhenChanged() {
