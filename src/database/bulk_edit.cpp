@@ -59,9 +59,10 @@ BulkResult applyToChannels(Document& doc, formats::RowStore& rows,
     const std::vector<std::string>& words = choicesFor(c.setting);
     if (std::find(words.begin(), words.end(), c.value) == words.end()) return fail(refusal(c));
   }
-  std::stable_sort(changes.begin(), changes.end(), [](const ChannelChange& a, const ChannelChange& b) {
-    return settingIndex(a.setting) < settingIndex(b.setting);
-  });
+  std::stable_sort(changes.begin(), changes.end(),
+                   [](const ChannelChange& a, const ChannelChange& b) {
+                     return settingIndex(a.setting) < settingIndex(b.setting);
+                   });
 
   std::map<std::string, RowKinds> byDepartment;
   for (const std::string& key : rowKeys) {

@@ -41,7 +41,9 @@ std::string_view noNodesText(Scope scope) {
 // stays empty and keeps its field.
 using Clamp = std::string (*)(std::string_view);
 
-std::string clampLatitude(std::string_view t) { return gps::ClampLatitude(t, DecimalMark::point()); }
+std::string clampLatitude(std::string_view t) {
+  return gps::ClampLatitude(t, DecimalMark::point());
+}
 std::string clampLongitude(std::string_view t) {
   return gps::ClampLongitude(t, DecimalMark::point());
 }
@@ -106,7 +108,10 @@ int fieldFor(NodeItem item, std::string_view nodeKey) {
     case NodeItem::Location:
       return kind == Kind::Department || kind == Kind::Site ? 6 : 0;
     case NodeItem::QuickKey:
-      return kind == Kind::Department ? 10 : kind == Kind::Site ? 17 : kind == Kind::System ? 13 : 0;
+      return kind == Kind::Department ? 10
+             : kind == Kind::Site     ? 17
+             : kind == Kind::System   ? 13
+                                      : 0;
     case NodeItem::Lockout:
       return kind == Kind::Other ? 0 : 5;
     case NodeItem::Modulation:
@@ -161,9 +166,11 @@ BulkResult applyToNodes(Document& doc, Scope scope, const std::vector<std::strin
   Location where;
   if (location) {
     const auto lat = readValue(changes.location->latitude, mark, clampLatitude);
-    if (!lat) return fail("The latitude must be decimal degrees from -90 to 90, such as 41.453639.");
+    if (!lat)
+      return fail("The latitude must be decimal degrees from -90 to 90, such as 41.453639.");
     const auto lon = readValue(changes.location->longitude, mark, clampLongitude);
-    if (!lon) return fail("The longitude must be decimal degrees from -180 to 180, such as -81.705047.");
+    if (!lon)
+      return fail("The longitude must be decimal degrees from -180 to 180, such as -81.705047.");
     const auto range = readValue(changes.location->range, mark, clampRange);
     if (!range) return fail("The range must be a number of miles, such as 25.");
     where = {*lat, *lon, *range};

@@ -44,9 +44,13 @@ std::string joinedChoices(const std::vector<std::string>& words) {
 
 }  // namespace
 
-std::string_view scopeCaption(Scope scope) { return kScopeCaptions[static_cast<int>(scope)]; }
+std::string_view scopeCaption(Scope scope) {
+  return kScopeCaptions[static_cast<int>(scope)];
+}
 
-bool isChannelScope(Scope scope) { return scope == Scope::TalkGroups || scope == Scope::Frequencies; }
+bool isChannelScope(Scope scope) {
+  return scope == Scope::TalkGroups || scope == Scope::Frequencies;
+}
 
 SystemKind systemKindOf(Scope scope) {
   switch (scope) {
@@ -60,11 +64,17 @@ SystemKind systemKindOf(Scope scope) {
   }
 }
 
-const std::array<SettingInfo, kSettingCount>& settingTable() { return kTable; }
+const std::array<SettingInfo, kSettingCount>& settingTable() {
+  return kTable;
+}
 
-int settingIndex(Setting setting) { return static_cast<int>(setting); }
+int settingIndex(Setting setting) {
+  return static_cast<int>(setting);
+}
 
-const SettingInfo& info(Setting setting) { return kTable[settingIndex(setting)]; }
+const SettingInfo& info(Setting setting) {
+  return kTable[settingIndex(setting)];
+}
 
 int columnFor(Setting setting, bool talkgroupRow, ScannerFamily family) {
   const SettingInfo& i = info(setting);
@@ -123,15 +133,21 @@ ParsedChange parseChange(std::string_view text, Scope scope) {
                 (isChannelScope(scope) ? std::string(scopeCaption(scope)) : "that scope") + ".";
     return out;
   }
+  // A word typed in another case is taken as the list's own word ("fm" is "FM").
   const std::vector<std::string>& words = choicesFor(*setting);
-  bool listed = false;
-  for (const std::string& w : words) listed = listed || w == value;
+  const std::string* listed = nullptr;
+  for (const std::string& w : words) {
+    if (w == value) listed = &w;
+  }
+  for (const std::string& w : words) {
+    if (!listed && iequals(w, value)) listed = &w;
+  }
   if (!listed) {
     out.error = "\"" + value + "\" is not a value of " + std::string(i.caption) + " (" +
                 joinedChoices(words) + ").";
     return out;
   }
-  out.change = ChannelChange{*setting, value};
+  out.change = ChannelChange{*setting, *listed};
   return out;
 }
 

@@ -48,11 +48,11 @@ inline constexpr int kSettingCount = 11;
 
 struct SettingInfo {
   Setting setting;
-  std::string_view caption;   // the label in the window, "Delay:"
-  std::string_view heading;   // the grid column it changes, "Delay Time"
+  std::string_view caption;     // the label in the window, "Delay:"
+  std::string_view heading;     // the grid column it changes, "Delay Time"
   std::string_view vocabulary;  // the word list the combo offers
-  int frequencyColumn;        // column of a channel row, 0 for none
-  int talkgroupColumn;        // column of a talkgroup row, 0 for none
+  int frequencyColumn;          // column of a channel row, 0 for none
+  int talkgroupColumn;          // column of a talkgroup row, 0 for none
 };
 
 // The settings in the order they are applied.

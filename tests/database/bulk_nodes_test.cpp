@@ -1,0 +1,257 @@
+// The GPS and site panels over department, site and system records: each item writes its
+// own field through the set-field operation and nothing else, a switch keeps the form its
+// field holds, the location is read before anything changes, and the GPS buttons' sources.
+#include "database/bulk_nodes.h"
+
+#include <gtest/gtest.h>
+
+#include "core/memory_ports.h"
+#include "core/record_line.h"
+#include "database/bulk_test_support.h"
+
+namespace zel::bulk {
+namespace {
+
+using test::BulkDoc;
+using test::changedFields;
+
+// A department, a site and a system with records as a file read leaves them.
+struct Nodes : BulkDoc {
+  int conv = addSystem("New Conventional System", "Conv");
+  int trunk = addSystem("New P25 Trunk System", "Trunk");
+  std::string dept = firstDepartment(conv, "Fire");
+  std::string site = addSite(trunk, "Simulcast");
+  std::string system = "SYS-002";
+  Nodes() {
+    doc.data.setText(doc.data.find(dept),
+                     "GIN,C-Group,,,Fire,Off,41.316497,-81.744117,3.5,Circle,1,Global");
+    doc.data.setText(doc.data.find(site),
+                     "SIT,Site,,,Simulcast,Off,41.453639,-81.705047,19.1,AUTO,Standard,"
+                     "Wide(standard),Circle,0,400,Auto,8,Off");
+    doc.data.setText(doc.data.find(system),
+                     "SIN,P25 Standard,2,StateId=0,Trunk,0,,P25Standard,0,0,Auto,0,Search,5,"
+                     "None,0,0,0,Analog,0,0,On,,001");
+    doc.changed = false;
+  }
+};
+
+TEST(BulkNodes, EachItemWritesItsFieldInEachKindOfRecord) {
+  struct Case {
+    const char* what;
+    Scope scope;
+    std::string Nodes::*key;
+    NodeChanges changes;
+    std::vector<int> fields;
+    std::vector<std::string> values;
+  };
+  const Location where{"40.5", "-80.25", "12.5"};
+  const Case cases[] = {
+      {"department location",
+       Scope::Departments,
+       &Nodes::dept,
+       {.location = where},
+       {6, 7, 8},
+       {"40.5", "-80.25", "12.5"}},
+      {"department quick key", Scope::Departments, &Nodes::dept, {.quickKey = "42"}, {10}, {"42"}},
+      {"department lockout", Scope::Departments, &Nodes::dept, {.lockout = true}, {5}, {"On"}},
+      {"site location",
+       Scope::Sites,
+       &Nodes::site,
+       {.location = where},
+       {6, 7, 8},
+       {"40.5", "-80.25", "12.5"}},
+      {"site quick key", Scope::Sites, &Nodes::site, {.quickKey = "7"}, {17}, {"7"}},
+      {"site modulation", Scope::Sites, &Nodes::site, {.modulation = "NFM"}, {9}, {"NFM"}},
+      {"site band plan",
+       Scope::Sites,
+       &Nodes::site,
+       {.motBandPlan = "Custom/Rebanded"},
+       {10},
+       {"Custom/Rebanded"}},
+      {"site Edacs", Scope::Sites, &Nodes::site, {.edacsSite = "Narrow"}, {11}, {"Narrow"}},
+      {"site lockout", Scope::Sites, &Nodes::site, {.lockout = true}, {5}, {"On"}},
+      {"system quick key", Scope::Systems, &Nodes::system, {.quickKey = "9"}, {13}, {"9"}},
+      {"system lockout in digits", Scope::Systems, &Nodes::system, {.lockout = true}, {5}, {"1"}},
+      {"system no key keeps None",
+       Scope::Systems,
+       &Nodes::system,
+       {.quickKey = "Off"},
+       {13},
+       {"None"}},
+      {"department no key", Scope::Departments, &Nodes::dept, {.quickKey = "Off"}, {10}, {"Off"}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Nodes d;
+    const std::string key = d.*c.key;
+    const std::string before = d.line(key);
+    BulkResult r = applyToNodes(d.doc, c.scope, {key}, c.changes, d.feedback, DecimalMark::point());
+    ASSERT_TRUE(r.ok) << r.message;
+    const std::string after = d.line(key);
+    EXPECT_EQ(changedFields(before, after), c.fields);
+    for (std::size_t i = 0; i < c.fields.size(); ++i)
+      EXPECT_EQ(record::field(after, c.fields[i]), c.values[i]);
+    EXPECT_EQ(r.changed, 1);
+    EXPECT_TRUE(d.doc.changed);
+    EXPECT_TRUE(d.feedback.messages.empty());
+  }
+}
+
+TEST(BulkNodes, TypedLocationsAreReadClampedOrRefused) {
+  struct Case {
+    Location typed;
+    DecimalMark mark;
+    bool ok;
+    const char* lat;
+    const char* lon;
+    const char* range;
+    const char* message;
+  };
+  const Case cases[] = {
+      {{"91", "-180.5", "1200"}, DecimalMark::point(), true, "90", "-180", "999.9", ""},
+      {{"41,5", "-81,25", "2,5"}, DecimalMark::comma(), true, "41.5", "-81.25", "2.5", ""},
+      {{"", "", "25"}, DecimalMark::point(), true, "41.316497", "-81.744117", "25", ""},
+      {{"x12", "-81", "5"},
+       DecimalMark::point(),
+       false,
+       "",
+       "",
+       "",
+       "The latitude must be decimal degrees from -90 to 90, such as 41.453639."},
+      {{"41", "W81", "5"},
+       DecimalMark::point(),
+       false,
+       "",
+       "",
+       "",
+       "The longitude must be decimal degrees from -180 to 180, such as -81.705047."},
+      {{"41", "-81", "far"},
+       DecimalMark::point(),
+       false,
+       "",
+       "",
+       "",
+       "The range must be a number of miles, such as 25."},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.typed.latitude + "|" + c.typed.longitude + "|" + c.typed.range);
+    Nodes d;
+    const std::string before = d.line(d.dept);
+    // A refused location stops the quick key of the same apply as well.
+    BulkResult r = applyToNodes(d.doc, Scope::Departments, {d.dept},
+                                {.location = c.typed, .quickKey = "5"}, d.feedback, c.mark);
+    EXPECT_EQ(r.ok, c.ok);
+    if (c.ok) {
+      EXPECT_EQ(record::field(d.line(d.dept), 6), c.lat);
+      EXPECT_EQ(record::field(d.line(d.dept), 7), c.lon);
+      EXPECT_EQ(record::field(d.line(d.dept), 8), c.range);
+    } else {
+      EXPECT_EQ(d.feedback.messages, std::vector<std::string>{c.message});
+      EXPECT_EQ(d.line(d.dept), before);
+      EXPECT_FALSE(d.doc.changed);
+    }
+  }
+}
+
+TEST(BulkNodes, NothingTickedOrNothingThatTheScopeHasIsRefused) {
+  struct Case {
+    Scope scope;
+    bool withNode;
+    NodeChanges changes;
+    const char* message;
+  };
+  const Case cases[] = {
+      {Scope::Departments, true, {}, "Please select which item to change."},
+      // A system has no location and a department no modulation.
+      {Scope::Systems,
+       true,
+       {.location = Location{"1", "2", "3"}},
+       "Please select which item to change."},
+      {Scope::Departments, true, {.modulation = "FM"}, "Please select which item to change."},
+      {Scope::Departments, false, {.lockout = true}, "Please select one or more departments"},
+      {Scope::Sites, false, {.lockout = true}, "Please select one or more sites"},
+      {Scope::Sites, true, {.quickKey = "100"}, "\"100\" is not a value of QuickKey."},
+      {Scope::Sites, true, {.modulation = "WFM"}, "\"WFM\" is not a value of Modulation."},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.message);
+    Nodes d;
+    const std::string key = c.scope == Scope::Sites     ? d.site
+                            : c.scope == Scope::Systems ? d.system
+                                                        : d.dept;
+    const std::string before = d.line(key);
+    std::vector<std::string> keys;
+    if (c.withNode) keys.push_back(key);
+    BulkResult r = applyToNodes(d.doc, c.scope, keys, c.changes, d.feedback);
+    EXPECT_FALSE(r.ok);
+    EXPECT_EQ(d.feedback.messages, std::vector<std::string>{c.message});
+    EXPECT_EQ(d.line(key), before);
+    EXPECT_FALSE(d.doc.changed);
+  }
+}
+
+TEST(BulkNodes, ManyNodesChangeTogetherAndMissingOnesArePassedOver) {
+  Nodes d;
+  const std::string second = d.addDepartment(d.conv, "EMS");
+  BulkResult r = applyToNodes(d.doc, Scope::Departments, {d.dept, second, "GRP-999-009-009"},
+                              {.location = Location{"", "", "25"}}, d.feedback);
+  ASSERT_TRUE(r.ok);
+  EXPECT_EQ(r.matched, 2);
+  EXPECT_EQ(r.changed, 2);
+  EXPECT_EQ(record::field(d.line(second), 8), "25");
+  EXPECT_EQ(record::field(d.line(d.dept), 8), "25");
+}
+
+TEST(BulkNodes, UseHomeUseDefaultAndPasteGpsReadTheirSettings) {
+  MemorySettingsStore store;
+  Settings settings(store);
+  // Nothing stored: home has the range "25", the defaults are the session's own.
+  Location home = homeLocation(settings);
+  EXPECT_EQ(home.latitude, "");
+  EXPECT_EQ(home.longitude, "");
+  EXPECT_EQ(home.range, "25");
+  Location def = defaultLocation(settings);
+  EXPECT_EQ(def.latitude, "");  // "False" is no position
+  EXPECT_EQ(def.range, "1");
+
+  settings.put("gps", "home_lat", "41.5");
+  settings.put("gps", "home_long", "-81.7");
+  settings.put("gps", "home_range", "");
+  home = homeLocation(settings);
+  EXPECT_EQ(home.latitude, "41.5");
+  EXPECT_EQ(home.longitude, "-81.7");
+  EXPECT_EQ(home.range, "25");
+  settings.put("gps", "home_range", "10");
+  EXPECT_EQ(homeLocation(settings).range, "10");
+
+  settings.put("gps", "def_lat", "40.1");
+  settings.put("gps", "def_long", "-75.2");
+  settings.put("gps", "def_range", "5");
+  def = defaultLocation(settings);
+  EXPECT_EQ(def.latitude, "40.1");
+  EXPECT_EQ(def.longitude, "-75.2");
+  EXPECT_EQ(def.range, "5");
+
+  saveCountyCentre(settings, {"41.4", "-81.6", "30"});
+  const Location county = countyCentre(settings);
+  EXPECT_EQ(county.latitude, "41.4");
+  EXPECT_EQ(county.longitude, "-81.6");
+  EXPECT_EQ(county.range, "30");
+}
+
+TEST(BulkNodes, ItemsOfferTheirWords) {
+  EXPECT_EQ(nodeChoices(NodeItem::QuickKey).size(), 101u);
+  EXPECT_EQ(nodeChoices(NodeItem::QuickKey).front(), "Off");
+  EXPECT_EQ(nodeChoices(NodeItem::QuickKey).back(), "99");
+  EXPECT_EQ(nodeChoices(NodeItem::EdacsSite),
+            (std::vector<std::string>{"Wide(standard)", "Narrow"}));
+  EXPECT_EQ(nodeChoices(NodeItem::MotBandPlan),
+            (std::vector<std::string>{"Standard", "Splinter", "Custom/Rebanded"}));
+  EXPECT_EQ(nodeChoices(NodeItem::Modulation), (std::vector<std::string>{"AUTO", "FM", "NFM"}));
+  EXPECT_TRUE(itemAppliesTo(NodeItem::Location, Scope::Sites));
+  EXPECT_FALSE(itemAppliesTo(NodeItem::Location, Scope::Systems));
+  EXPECT_FALSE(itemAppliesTo(NodeItem::QuickKey, Scope::TalkGroups));
+}
+
+}  // namespace
+}  // namespace zel::bulk

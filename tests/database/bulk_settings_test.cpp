@@ -1,0 +1,147 @@
+// The settings side of the bulk editor: which settings each scope offers, the words of
+// their lists, the caption=value form of the command line, and what the window remembers.
+#include "database/bulk_settings.h"
+
+#include <gtest/gtest.h>
+
+#include "core/memory_ports.h"
+
+namespace zel::bulk {
+namespace {
+
+TEST(BulkSettings, TalkgroupsOfferAudioTypeButNoModeSquelchOrAttenuator) {
+  struct Case {
+    Setting setting;
+    bool frequencies;
+    bool talkgroups;
+  };
+  const Case cases[] = {
+      {Setting::Mode, true, false},        {Setting::AudioType, false, true},
+      {Setting::SqMode, true, false},      {Setting::ServiceType, true, true},
+      {Setting::Attenuator, true, false},  {Setting::Delay, true, true},
+      {Setting::AlertPattern, true, true},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string(info(c.setting).caption));
+    EXPECT_EQ(appliesTo(c.setting, Scope::Frequencies), c.frequencies);
+    EXPECT_EQ(appliesTo(c.setting, Scope::TalkGroups), c.talkgroups);
+    for (Scope s : {Scope::Departments, Scope::Sites, Scope::Systems})
+      EXPECT_FALSE(appliesTo(c.setting, s));
+  }
+}
+
+TEST(BulkSettings, CombosOfferTheFieldVocabularies) {
+  struct Case {
+    Setting setting;
+    std::size_t count;
+    const char* first;
+    const char* last;
+  };
+  const Case cases[] = {
+      {Setting::Mode, 6, "AUTO", "FMB"},
+      {Setting::AudioType, 3, "All", "Digital"},
+      {Setting::ServiceType, 39, "Aircraft", "Racing Teams"},
+      {Setting::Attenuator, 2, "Off", "On"},
+      {Setting::Delay, 10, "-10", "30"},
+      {Setting::VolumeOffset, 7, "-3", "3"},
+      {Setting::AlertTone, 10, "Off", "9"},
+      {Setting::AlertVolume, 16, "Auto", "15"},
+      {Setting::AlertLight, 8, "Off", "White"},
+      {Setting::AlertPattern, 3, "On", "Fast Blink"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string(info(c.setting).caption));
+    const std::vector<std::string>& words = choicesFor(c.setting);
+    ASSERT_EQ(words.size(), c.count);
+    EXPECT_EQ(words.front(), c.first);
+    EXPECT_EQ(words.back(), c.last);
+  }
+}
+
+TEST(BulkSettings, ScopesListTheSystemsOfTheirKind) {
+  EXPECT_EQ(systemKindOf(Scope::TalkGroups), SystemKind::Trunked);
+  EXPECT_EQ(systemKindOf(Scope::Sites), SystemKind::Trunked);
+  EXPECT_EQ(systemKindOf(Scope::Frequencies), SystemKind::Conventional);
+  EXPECT_EQ(systemKindOf(Scope::Departments), SystemKind::Any);
+  EXPECT_EQ(scopeCaption(Scope::Frequencies), "Conv. frequencies");
+  EXPECT_EQ(scopeCaption(Scope::TalkGroups), "TalkGroups");
+}
+
+TEST(BulkSettings, ChangesAreReadFromCaptionEqualsValue) {
+  struct Case {
+    const char* text;
+    Scope scope;
+    bool ok;
+    Setting setting;
+    const char* valueOrError;  // the value, or a piece of the error sentence
+  };
+  const Case cases[] = {
+      {"Delay:=5", Scope::TalkGroups, true, Setting::Delay, "5"},
+      {"delay = -10", Scope::Frequencies, true, Setting::Delay, "-10"},
+      {"Delay Time=30", Scope::TalkGroups, true, Setting::Delay, "30"},
+      {"Alert Patt.:=Slow Blink", Scope::TalkGroups, true, Setting::AlertPattern, "Slow Blink"},
+      {"Service Type:=Fire Dispatch", Scope::Frequencies, true, Setting::ServiceType,
+       "Fire Dispatch"},
+      {"AudioType=Digital", Scope::TalkGroups, true, Setting::AudioType, "Digital"},
+      {"Attenuator:=On", Scope::Frequencies, true, Setting::Attenuator, "On"},
+      {"Delay:=7", Scope::TalkGroups, false, Setting::Delay,
+       "\"7\" is not a value of Delay: (-10, -5, 0, 1, 2, 3, 4, 5, 10, 30)."},
+      {"Mode:=fm", Scope::Frequencies, true, Setting::Mode, "FM"},
+      {"Mode:=XM", Scope::Frequencies, false, Setting::Mode, "\"XM\" is not a value of Mode:"},
+      {"Attenuator:=On", Scope::TalkGroups, false, Setting::Attenuator,
+       "Attenuator: has no column in the rows of TalkGroups."},
+      {"AudioType=All", Scope::Frequencies, false, Setting::AudioType,
+       "AudioType: has no column in the rows of Conv. frequencies."},
+      {"Colour:=Red", Scope::TalkGroups, false, Setting::Delay, "Unknown setting \"Colour:\""},
+      {"Delay 5", Scope::TalkGroups, false, Setting::Delay, "caption=value"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    ParsedChange p = parseChange(c.text, c.scope);
+    ASSERT_EQ(p.change.has_value(), c.ok) << p.error;
+    if (c.ok) {
+      EXPECT_EQ(p.change->setting, c.setting);
+      EXPECT_EQ(p.change->value, c.valueOrError);
+      EXPECT_TRUE(p.error.empty());
+    } else {
+      EXPECT_NE(p.error.find(c.valueOrError), std::string::npos) << p.error;
+    }
+  }
+}
+
+TEST(BulkSettings, RememberedTicksAndWordsComeBackAndServiceTypeHasItsOwnKey) {
+  MemorySettingsStore store;
+  Settings settings(store);
+  Remembered fresh = loadRemembered(settings);
+  EXPECT_EQ(fresh.scope, Scope::Departments);
+  for (bool t : fresh.ticked) EXPECT_FALSE(t);
+
+  Remembered r;
+  r.scope = Scope::TalkGroups;
+  r.ticked[settingIndex(Setting::Delay)] = true;
+  r.values[settingIndex(Setting::Delay)] = "5";
+  r.values[settingIndex(Setting::ServiceType)] = "Fire Dispatch";
+  saveRemembered(settings, r);
+  std::string raw;
+  ASSERT_TRUE(store.read("bulkedit", "chk5", raw));
+  EXPECT_EQ(raw, "1x");
+  ASSERT_TRUE(store.read("bulkedit", "serv", raw));
+  EXPECT_EQ(raw, "Fire Dispatchx");
+  EXPECT_FALSE(store.read("bulkedit", "cmb3", raw));
+  ASSERT_TRUE(store.read("bulkedit", "dbase", raw));
+  EXPECT_EQ(raw, "3x");
+
+  Remembered back = loadRemembered(settings);
+  EXPECT_EQ(back.scope, Scope::TalkGroups);
+  EXPECT_EQ(back.ticked, r.ticked);
+  EXPECT_EQ(back.values, r.values);
+}
+
+TEST(BulkSettings, AStoredScopeOutOfRangeFallsBackToTheFirst) {
+  MemorySettingsStore store;
+  store.write("bulkedit", "dbase", "9x");
+  EXPECT_EQ(loadRemembered(Settings(store)).scope, Scope::Departments);
+}
+
+}  // namespace
+}  // namespace zel::bulk
