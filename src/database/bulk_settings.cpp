@@ -124,7 +124,7 @@ ParsedChange parseChange(std::string_view text, Scope scope) {
       if (!known.empty()) known += ", ";
       known += withoutColon(i.caption);
     }
-    out.error = "Unknown setting \"" + name + "\"; the settings are " + known + ".";
+    out.error = "Unknown setting \"" + name + "\". The settings are: " + known;
     return out;
   }
   const SettingInfo& i = info(*setting);
