@@ -1,0 +1,169 @@
+// `zel hpd bulk-set` end to end: the real binary on a small favorites file, its output, its
+// exit codes, and the saved file compared with a plain save of the same input.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ZelRun {
+  int exitCode = -1;
+  std::string out;
+  std::string err;
+};
+
+const char* const kList =
+    "TargetModel\tBCDx36HP\r\n"
+    "FormatVersion\t1.00\r\n"
+    "Trunk\t\t\tMetro P25\tOff\t\tP25Standard\tOff\tOff\tAuto\tIgnore\tSrch\tOff\tNone\t0\tOff\tOff"
+    "\tAnalog\tOff\tOff\tOn\r\n"
+    "Site\t\t\tSimulcast\tOff\t41.453639\t-81.705047\t19.1\tAUTO\tStandard\tWide\tCircle\tOff\t400"
+    "\tAuto\t8\tOff\r\n"
+    "T-Freq\tTFreqId=0\t\t\tOff\t851012500\t1\tSrch\r\n"
+    "T-Group\t\t\tFire\tOff\t41.3121\t-81.744\t4.0\tCircle\t1\r\n"
+    "TGID\t\t\tFire Dispatch\tOff\t1001\tALL\t3\t2\t0\tOff\tAuto\tRed\tOn\tOff\tOff\tSrch\r\n"
+    "TGID\t\t\tFireground\tOff\t1002\tALL\t8\t2\t0\tOff\tAuto\tRed\tSlow Blink\tOff\tOff\tSrch\r\n"
+    "T-Group\t\t\tLaw\tOff\t41.3121\t-81.744\t4.0\tCircle\t2\r\n"
+    "TGID\t\t\tLaw Dispatch\tOff\t2001\tALL\t2\t2\t0\tOff\tAuto\tBlue\tOn\tOff\tOff\tSrch\r\n"
+    "Conventional\t\t\tCounty\tOff\t\tConventional\tOff\tOff\t0\tOff\tOff\t400\tAuto\t8\r\n"
+    "C-Group\t\t\tAirport\tOff\t41.4\t-81.8\t5.0\tCircle\t3\tGlobal\r\n"
+    "C-Freq\t\t\tTower\tOff\t118300000\tAM\t\t15\tOff\t2\t0\tOff\tAuto\tOff\tOn\tOff\tOff\r\n";
+
+class BulkSetCommand : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir_ = fs::temp_directory_path() / ("zel-bulk-e2e-" + std::to_string(::getpid()));
+    fs::create_directories(dir_);
+    std::ofstream(path("in.hpd"), std::ios::binary) << kList;
+  }
+  void TearDown() override { fs::remove_all(dir_); }
+
+  std::string path(const std::string& name) const { return (dir_ / name).string(); }
+
+  // Runs zel with its own settings file, so the user's settings are never touched.
+  ZelRun zel(const std::string& args) const {
+    const std::string errFile = path("stderr.txt");
+    const std::string command = std::string("'") + ZEL_BIN_DIR + "/zel' --settings '" +
+                                path("settings.ini") + "' " + args + " 2>'" + errFile + "'";
+    ZelRun run;
+    FILE* pipe = ::popen(command.c_str(), "r");
+    if (!pipe) return run;
+    char buffer[4096];
+    std::size_t n;
+    while ((n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) run.out.append(buffer, n);
+    const int status = ::pclose(pipe);
+    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    std::ifstream err(errFile);
+    run.err.assign(std::istreambuf_iterator<char>(err), {});
+    return run;
+  }
+
+  static std::vector<std::string> lines(const std::string& file) {
+    std::ifstream in(file, std::ios::binary);
+    std::vector<std::string> out;
+    for (std::string line; std::getline(in, line);) out.push_back(line);
+    return out;
+  }
+  static std::vector<std::string> fields(const std::string& line) {
+    std::vector<std::string> out;
+    std::stringstream in(line);
+    for (std::string f; std::getline(in, f, '\t');) out.push_back(f);
+    return out;
+  }
+
+  fs::path dir_;
+};
+
+TEST_F(BulkSetCommand, SetsTheChosenDepartmentsTalkgroupsAndNothingElse) {
+  ASSERT_EQ(zel("hpd convert '" + path("in.hpd") + "' '" + path("plain.hpd") + "'").exitCode, 0);
+  ZelRun r = zel("hpd bulk-set '" + path("in.hpd") +
+                 "' --scope talkgroups --system 'metro p25' --department Fire"
+                 " --set 'Delay:=5' --set 'alert tone=7' -o '" +
+                 path("out.hpd") + "'");
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  EXPECT_EQ(r.out, "Changed 2 of 2 talkgroups in 1 department; wrote " + path("out.hpd") + "\n");
+
+  const std::vector<std::string> plain = lines(path("plain.hpd"));
+  const std::vector<std::string> out = lines(path("out.hpd"));
+  ASSERT_EQ(plain.size(), out.size());
+  int changed = 0;
+  for (std::size_t i = 0; i < out.size(); ++i) {
+    if (out[i] == plain[i]) continue;
+    ++changed;
+    std::vector<std::string> a = fields(out[i]);
+    std::vector<std::string> b = fields(plain[i]);
+    ASSERT_EQ(a[0], "TGID");
+    EXPECT_TRUE(a[3] == "Fire Dispatch" || a[3] == "Fireground") << out[i];
+    EXPECT_EQ(a[8], "5");   // delay
+    EXPECT_EQ(a[10], "7");  // alert tone
+    a[8] = b[8];
+    a[10] = b[10];
+    EXPECT_EQ(a, b) << "only the delay and the alert tone move";
+  }
+  EXPECT_EQ(changed, 2);
+}
+
+TEST_F(BulkSetCommand, JsonCountsAndAFileSavedOverItself) {
+  ZelRun r = zel("hpd bulk-set '" + path("in.hpd") +
+                 "' --scope frequencies --set Mode=nfm --json -o '" + path("in.hpd") + "'");
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  EXPECT_EQ(r.out, "{\"file\":\"" + path("in.hpd") +
+                       "\",\"scope\":\"frequencies\",\"ticked\":1,\"changed\":1,"
+                       "\"departments\":1,\"pages\":1}\n");
+  bool found = false;
+  for (const std::string& line : lines(path("in.hpd"))) {
+    if (line.rfind("C-Freq", 0) != 0) continue;
+    found = true;
+    EXPECT_EQ(fields(line)[6], "NFM");
+  }
+  EXPECT_TRUE(found);
+  for (const auto& entry : fs::directory_iterator(dir_))
+    EXPECT_EQ(entry.path().string().find(".zeltmp"), std::string::npos) << entry.path();
+}
+
+TEST_F(BulkSetCommand, MistakesAreToldAndNothingIsWritten) {
+  struct Case {
+    const char* args;
+    int exitCode;
+    const char* said;  // a piece of standard error
+  };
+  const Case cases[] = {
+      {"--scope talkgroups --set 'Colour:=Red'", 1, "Unknown setting \"Colour:\""},
+      {"--scope talkgroups --set 'Delay:=7'", 1, "\"7\" is not a value of Delay:"},
+      {"--scope talkgroups --set 'Attenuator:=On'", 1, "Attenuator: has no column"},
+      {"--scope talkgroups --set 'Delay:=5' --department Nobody", 1,
+       "No department named \"Nobody\""},
+      {"--scope frequencies --set 'Delay:=5' --system 'Metro P25'", 1,
+       "No conventional system \"Metro P25\""},
+      {"--scope frequencies --set 'Delay:=5' --department Fire", 1, "No department named \"Fire\""},
+      {"--scope sites --set 'Delay:=5'", 2, "scope"},
+      {"--scope talkgroups", 2, "--set is required"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.args);
+    ZelRun r =
+        zel("hpd bulk-set '" + path("in.hpd") + "' " + c.args + " -o '" + path("out.hpd") + "'");
+    EXPECT_EQ(r.exitCode, c.exitCode);
+    EXPECT_NE(r.err.find(c.said), std::string::npos) << r.err;
+    EXPECT_FALSE(fs::exists(path("out.hpd")));
+  }
+  ZelRun missing = zel("hpd bulk-set '" + path("none.hpd") +
+                       "' --scope talkgroups --set Delay=5 -o '" + path("out.hpd") + "'");
+  EXPECT_EQ(missing.exitCode, 1);
+  EXPECT_NE(missing.err.find("File error: check if file exists"), std::string::npos) << missing.err;
+  ZelRun noOut = zel("hpd bulk-set '" + path("in.hpd") + "' --scope talkgroups --set Delay=5");
+  EXPECT_EQ(noOut.exitCode, 2);
+  EXPECT_FALSE(fs::exists(path("out.hpd")));
+}
+
+}  // namespace
