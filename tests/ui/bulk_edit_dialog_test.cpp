@@ -1,0 +1,304 @@
+// The Bulk Channel Editor under the offscreen platform, over a favorites list from a real
+// scanner card: a system picked, a department ticked, its channels selected, one setting
+// ticked and applied, and the page rows changed in that column only; the panels of each
+// scope, the two refusals, the GPS buttons, and what the window remembers.
+#include "ui/bulk_edit_dialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTreeWidget>
+#include <filesystem>
+
+#include "core/memory_ports.h"
+#include "core/record_line.h"
+#include "core/session.h"
+#include "core/tree_operations.h"
+#include "formats/hpd_reader.h"
+#include "test_folder.h"
+
+using namespace zel;
+
+namespace {
+
+const std::string kCardList =
+    std::string(ZEL_REALDATA_DIR) + "/card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd";
+
+// The list as the reader numbers it: a P25 system first, then two conventional ones.
+constexpr const char* kP25Name = "Greater Cleveland Radio Communications Network";
+
+struct Fixture {
+  TestFolder dir;
+  MemorySettingsStore store;
+  RecordingFeedback feedback;
+  ManualClock clock;
+  Session session{store, feedback, clock, dir.file("data")};
+  int changes = 0;
+  bool ok = false;
+
+  Fixture() {
+    session.start(false);
+    formats::HpdReadOptions options;
+    ok = formats::readHpd(session.document(), session.pages(), kCardList, options, feedback).ok();
+    session.document().changed = false;
+    feedback.messages.clear();
+  }
+  std::unique_ptr<ui::BulkEditDialog> open() {
+    auto d = std::make_unique<ui::BulkEditDialog>(session, feedback, [this] { ++changes; });
+    d->show();
+    return d;
+  }
+  // The key of a department by its name.
+  std::string department(const std::string& name) {
+    for (NodeId n : session.document().data.all()) {
+      const std::string& key = session.document().data.key(n);
+      if (key.rfind("GRP-", 0) == 0 && record::field(session.document().data.text(n), 4) == name)
+        return key;
+    }
+    return {};
+  }
+};
+
+template <typename T>
+T* child(QWidget* w, const QString& name) {
+  T* found = w->findChild<T*>(name);
+  if (!found) qFatal("no widget %s", qPrintable(name));
+  return found;
+}
+
+void click(QWidget* d, const QString& name) {
+  QTest::mouseClick(child<QPushButton>(d, name), Qt::LeftButton);
+}
+
+QStringList comboItems(QComboBox* combo) {
+  QStringList out;
+  for (int i = 0; i < combo->count(); ++i) out << combo->itemText(i);
+  return out;
+}
+
+int checkedCount(QTreeWidget* list) {
+  int n = 0;
+  for (int i = 0; i < list->topLevelItemCount(); ++i)
+    n += list->topLevelItem(i)->checkState(0) == Qt::Checked;
+  return n;
+}
+
+// Ticks the tree item whose text is `name` (a department or site under its system).
+bool tickByName(QTreeWidget* tree, const QString& name) {
+  const QList<QTreeWidgetItem*> found =
+      tree->findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
+  if (found.isEmpty()) return false;
+  found.first()->setCheckState(0, Qt::Checked);
+  return true;
+}
+
+bool haveCard() {
+  return std::filesystem::exists(kCardList);
+}
+
+#define NEED_CARD() \
+  if (!haveCard()) QSKIP("the real card files are not beside the checkout")
+
+}  // namespace
+
+class BulkEditDialogTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aDelayGoesIntoTheTickedDepartmentsTalkgroupsOnly() {
+    NEED_CARD();
+    Fixture f;
+    QVERIFY(f.ok);
+    auto d = f.open();
+    QCOMPARE(d->windowTitle(), QString("Bulk Channel Editor:"));
+    QTest::mouseClick(child<QRadioButton>(d.get(), "Option2_3"), Qt::LeftButton);
+    QCOMPARE(d->scope(), bulk::Scope::TalkGroups);
+
+    // Only the trunked system is offered, under the head entry.
+    auto* combo = child<QComboBox>(d.get(), "Combo1");
+    QCOMPARE(comboItems(combo), (QStringList{"   < All Systems >", kP25Name}));
+    d->chooseSystem(1);
+    auto* tree = child<QTreeWidget>(d.get(), "TreeView1");
+    QVERIFY(tickByName(tree, "North Royalton"));
+    click(d.get(), "Command8");
+    auto* list = child<QTreeWidget>(d.get(), "ListView1");
+    QCOMPARE(list->headerItem()->text(1), QString("Talkgroup:"));
+    QCOMPARE(checkedCount(list), 4);
+
+    // Delay ticked; the alert tone shows another word but is not ticked.
+    child<QCheckBox>(d.get(), "check1_5")->setChecked(true);
+    child<QComboBox>(d.get(), "cmb_s_5")->setCurrentText("5");
+    child<QCheckBox>(d.get(), "check1_7")->setChecked(false);
+    child<QComboBox>(d.get(), "cmb_s_7")->setCurrentText("9");
+
+    const std::string royalton = f.department("North Royalton");
+    const std::string strongsville = f.department("Strongsville");
+    const std::vector<std::string> before = f.session.pages().load(royalton);
+    const std::vector<std::string> others = f.session.pages().load(strongsville);
+    QCOMPARE(int(before.size()), 4);
+    click(d.get(), "Command3");
+    QVERIFY2(f.feedback.messages.empty(),
+             f.feedback.messages.empty() ? "" : f.feedback.messages.front().c_str());
+    QCOMPARE(f.changes, 1);
+    QVERIFY(f.session.document().changed);
+    const std::vector<std::string> after = f.session.pages().load(royalton);
+    QCOMPARE(after.size(), before.size());
+    for (std::size_t i = 0; i < after.size(); ++i) {
+      QCOMPARE(record::field(after[i], 6), std::string("5"));
+      // Every other column stays as it was, the unticked alert tone included.
+      QCOMPARE(record::withField(after[i], 6, record::field(before[i], 6)), before[i]);
+    }
+    QCOMPARE(f.session.pages().load(strongsville), others);
+  }
+
+  void eachScopeShowsItsOwnPanels() {
+    NEED_CARD();
+    Fixture f;
+    auto d = f.open();
+    struct Case {
+      int scope;
+      bool attenuator;
+      bool audioType;
+      bool settings;
+      bool gps;
+      bool location;
+      bool modulation;
+      QStringList systems;  // after the head entry
+    };
+    const QString conv1 = "Southwest/South Central Region";
+    const QString conv2 = "Cuyahoga Valley Region";
+    const Case cases[] = {
+        {3, false, true, true, false, false, false, {kP25Name}},
+        {4, true, false, true, false, false, false, {conv1, conv2}},
+        {0, false, false, false, true, true, false, {kP25Name, conv1, conv2}},
+        {1, false, false, false, true, true, true, {kP25Name}},
+        {2, false, false, false, true, false, false, {kP25Name, conv1, conv2}},
+    };
+    for (const Case& c : cases) {
+      d->setScope(static_cast<bulk::Scope>(c.scope));
+      const QString trace = QString("scope %1").arg(c.scope);
+      QVERIFY2(child<QRadioButton>(d.get(), QString("Option2_%1").arg(c.scope))->isChecked(),
+               qPrintable(trace));
+      QCOMPARE(child<QCheckBox>(d.get(), "check1_4")->isVisible(), c.attenuator);
+      QCOMPARE(child<QComboBox>(d.get(), "cmb_s_4")->isVisible(), c.attenuator);
+      QCOMPARE(child<QCheckBox>(d.get(), "check1_1")->isVisible(), c.audioType);
+      QCOMPARE(child<QWidget>(d.get(), "frm_settings")->isVisible(), c.settings);
+      QCOMPARE(child<QWidget>(d.get(), "ListView1")->isVisible(), c.settings);
+      QCOMPARE(child<QWidget>(d.get(), "frm_gps")->isVisible(), c.gps);
+      QCOMPARE(child<QWidget>(d.get(), "Text1")->isVisible(), c.location);
+      QCOMPARE(child<QWidget>(d.get(), "chkModulation")->isVisible(), c.modulation);
+      QCOMPARE(comboItems(child<QComboBox>(d.get(), "Combo1")),
+               QStringList{"   < All Systems >"} + c.systems);
+    }
+    QCOMPARE(child<QCheckBox>(d.get(), "check1_1")->text(), QString("AudioType:"));
+    QCOMPARE(child<QCheckBox>(d.get(), "check1_4")->text(), QString("Attenuator:"));
+    d->setScope(bulk::Scope::Sites);
+    QCOMPARE(child<QPushButton>(d.get(), "Command2")->text().remove('&'),
+             QString("Select All Sites"));
+    QVERIFY(child<QWidget>(d.get(), "TreeView2")->isVisible());
+    QVERIFY(!child<QWidget>(d.get(), "TreeView1")->isVisible());
+  }
+
+  void bothRefusalsAreSaidAndNothingChanges() {
+    NEED_CARD();
+    Fixture f;
+    auto d = f.open();
+    d->setScope(bulk::Scope::Frequencies);
+    for (int n = 0; n < bulk::kSettingCount; ++n)
+      child<QCheckBox>(d.get(), QString("check1_%1").arg(n))->setChecked(false);
+    child<QCheckBox>(d.get(), "check1_0")->setChecked(true);
+    QVERIFY(!d->apply());
+    QVERIFY(
+        tickByName(child<QTreeWidget>(d.get(), "TreeView1"), "Fire Departments - North Royalton"));
+    QVERIFY(d->selectChannels() > 0);
+    child<QCheckBox>(d.get(), "check1_0")->setChecked(false);
+    // A setting ticked in another scope and hidden here does not count.
+    child<QCheckBox>(d.get(), "check1_1")->setChecked(true);
+    QVERIFY(!d->apply());
+    QCOMPARE(f.feedback.messages,
+             (std::vector<std::string>{"Please select one or more channels",
+                                       "Please select which item to change."}));
+    QCOMPARE(f.changes, 0);
+    QVERIFY(!f.session.document().changed);
+  }
+
+  void useHomeFillsTheRangeWith25AndTheDepartmentTakesIt() {
+    NEED_CARD();
+    Fixture f;
+    f.session.settingsCodec().put("gps", "home_lat", "41.400000");
+    f.session.settingsCodec().put("gps", "home_long", "-81.600000");
+    auto d = f.open();
+    d->setScope(bulk::Scope::Departments);
+    click(d.get(), "Command7_0");
+    QCOMPARE(child<QLineEdit>(d.get(), "Text3")->text(), QString("25"));
+    QCOMPARE(child<QLineEdit>(d.get(), "Text1")->text(), QString("41.400000"));
+    child<QCheckBox>(d.get(), "chkGps")->setChecked(true);
+    const std::string key = f.department("Strongsville");
+    const std::string before = treemod::getText(f.session.document().data, key);
+    QVERIFY(d->tickNode(key));
+    click(d.get(), "Command3");
+    const std::string after = treemod::getText(f.session.document().data, key);
+    QCOMPARE(record::field(after, 6), std::string("41.400000"));
+    QCOMPARE(record::field(after, 7), std::string("-81.600000"));
+    QCOMPARE(record::field(after, 8), std::string("25"));
+    QCOMPARE(
+        record::withField(record::withField(record::withField(after, 6, record::field(before, 6)),
+                                            7, record::field(before, 7)),
+                          8, record::field(before, 8)),
+        before);
+    QCOMPARE(f.changes, 1);
+
+    // Paste GPS copies the county centre fields.
+    child<QLineEdit>(d.get(), "Text5")->setText("40.1");
+    child<QLineEdit>(d.get(), "Text6")->setText("-80.2");
+    child<QLineEdit>(d.get(), "Text7")->setText("3");
+    click(d.get(), "Command6");
+    QCOMPARE(child<QLineEdit>(d.get(), "Text2")->text(), QString("-80.2"));
+    QCOMPARE(child<QLineEdit>(d.get(), "Text3")->text(), QString("3"));
+  }
+
+  void selectAllTogglesAndTheWindowRemembersItsTicks() {
+    NEED_CARD();
+    Fixture f;
+    {
+      auto d = f.open();
+      d->setScope(bulk::Scope::Frequencies);
+      click(d.get(), "Command2");
+      QCOMPARE(d->tickedNodes().size(), std::size_t(7));
+      click(d.get(), "Command2");
+      QVERIFY(d->tickedNodes().empty());
+      child<QCheckBox>(d.get(), "check1_3")->setChecked(true);
+      child<QComboBox>(d.get(), "cmb_s_3")->setCurrentText("Fire Dispatch");
+      // Escape closes the window, which keeps the ticks.
+      QTest::keyClick(d.get(), Qt::Key_Escape);
+      QVERIFY(!d->isVisible());
+    }
+    auto again = f.open();
+    QCOMPARE(again->scope(), bulk::Scope::Frequencies);
+    QVERIFY(child<QCheckBox>(again.get(), "check1_3")->isChecked());
+    QCOMPARE(child<QComboBox>(again.get(), "cmb_s_3")->currentText(), QString("Fire Dispatch"));
+    std::string serv;
+    QVERIFY(f.store.read("bulkedit", "serv", serv));
+    QCOMPARE(serv, std::string("Fire Dispatchx"));
+  }
+
+  void everyButtonHasAnAccelerator() {
+    NEED_CARD();
+    Fixture f;
+    auto d = f.open();
+    for (QPushButton* b : d->findChildren<QPushButton*>())
+      QVERIFY2(b->text().contains('&'), qPrintable(b->objectName()));
+    for (QRadioButton* b : d->findChildren<QRadioButton*>())
+      QVERIFY2(b->text().contains('&'), qPrintable(b->objectName()));
+    QCOMPARE(child<QRadioButton>(d.get(), "Option2_4")->text().remove('&'),
+             QString("Conv. frequencies"));
+    QCOMPARE(child<QPushButton>(d.get(), "Command3")->text().remove('&'),
+             QString("Apply Settings To Selected Channels"));
+  }
+};
+
+QTEST_MAIN(BulkEditDialogTest)
+#include "bulk_edit_dialog_test.moc"
