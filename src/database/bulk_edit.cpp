@@ -94,10 +94,10 @@ BulkResult applyToChannels(Document& doc, formats::RowStore& rows,
       rows.take(r.department, std::move(r.before));
       return fail("The rows of " + rows.where(r.department) + " could not be stored.");
     }
+    ++result.pages;
+    doc.changed = true;
   }
-  result.pages = static_cast<int>(rewritten.size());
   result.ok = true;
-  if (result.pages > 0) doc.changed = true;
   return result;
 }
 
