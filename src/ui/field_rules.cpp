@@ -7,6 +7,7 @@
 #include "core/record_line.h"
 #include "core/text.h"
 #include "gps/coordinates.h"
+#include "grid/bank_names.h"
 #include "grid/cell_commit_filters.h"
 
 namespace zel::ui::rules {
@@ -80,11 +81,7 @@ std::optional<std::string> range(std::string_view typed, DecimalMark mark) {
 }
 
 std::optional<std::string> name(std::string_view typed) {
-  std::string text = trim(cell::applyFilter(cell::CharFilter::Name, record::sanitize(typed)));
-  if (text.size() > 64) text.resize(64);
-  text = trim(text);
-  if (text.empty()) return std::nullopt;
-  return text;
+  return banks::cleanName(typed);
 }
 
 std::optional<std::string> siteFrequency(std::string_view typed,

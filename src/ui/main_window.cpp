@@ -176,11 +176,12 @@ void MainWindow::buildMenus() {
   addCommand(
       edit, "New Site", [this] { newSiteCommand(); }, QKeySequence("Ctrl+Shift+S"));
   edit->addSeparator();
-  for (const char* c : {"Edit Departments", "Edit Banknames"}) {
-    addCommand(edit, c, [this, c] { later(c); });
-  }
+  addCommand(
+      edit, "Edit Departments", [this] { editDepartmentsCommand(); }, QKeySequence("Ctrl+E"));
   // The favorites configuration is the card's: its manager edits it.
   addCommand(edit, "Edit Favorites Configuration", [this] { openCardManager(); });
+  addCommand(
+      edit, "Edit Banknames", [this] { editBanknamesCommand(); }, QKeySequence("Ctrl+Shift+B"));
   addCommand(
       edit, "Find", [this] { openFind(); }, QKeySequence::Find);
   QMenu* dupMenu = edit->addMenu("Find Duplicates");

@@ -46,13 +46,23 @@ class MainWindow : public QMainWindow, public SelectionHost {
 
   // How the window asks for a file name; tests answer instead of a dialog. An empty answer
   // cancels the command.
-  enum class FileAsk { Open, SaveAs, SaveUnsavedAs, OpenConfig, SaveConfig, OpenProfile,
-                       SaveProfileAs, ExportCsv };
+  enum class FileAsk {
+    Open,
+    SaveAs,
+    SaveUnsavedAs,
+    OpenConfig,
+    SaveConfig,
+    OpenProfile,
+    SaveProfileAs,
+    ExportCsv
+  };
   using FileChooser = std::function<QString(FileAsk, const QString& suggested)>;
   void setFileChooser(FileChooser chooser) { chooser_ = std::move(chooser); }
 
   QTreeWidget* tree() const { return tree_; }
-  class NodePane* nodePane() const { return pane_; }
+  class NodePane* nodePane() const {
+    return pane_;
+  }
   QTableView* rowsPane() const;
   GridPage& channelPage() { return convgrid_; }
   GridPage& talkgroupPage() { return trunkgrid_; }
@@ -73,6 +83,9 @@ class MainWindow : public QMainWindow, public SelectionHost {
  private:
   Schema shownSchema() const;
   void keepColumnWidth(int column, int twips);
+  void editBanknamesCommand();
+  void editDepartmentsCommand();
+  void showSelectedAgain();
   void buildMenus();
   void buildCentre();
   QAction* addCommand(QMenu* menu, const QString& caption, std::function<void()> handler,

@@ -1,10 +1,14 @@
 // The windows the main window opens over the grid on show: Find/Replace, Enhanced Find
-// (duplicates and locked-out channels), the CSV mapper, and the CSV export of the lists.
+// (duplicates and locked-out channels), the CSV mapper, the CSV export of the lists, Edit
+// Banknames over the names of all departments, and Edit Departments (the Bulk Channel Editor).
 #include <QStatusBar>
 #include <QTableView>
 
+#include "core/new_commands.h"
 #include "exchange/csv_export.h"
 #include "formats/text_file.h"
+#include "ui/banknames_dialog.h"
+#include "ui/bulk_edit_dialog.h"
 #include "ui/csv_mapper_dialog.h"
 #include "ui/enhanced_find_dialog.h"
 #include "ui/find_dialog.h"
@@ -32,9 +36,42 @@ void MainWindow::gridChanged() {
   updateStatus();
 }
 
+void MainWindow::editBanknamesCommand() {
+  // The pane may hold a name typed a moment ago: it goes to its line first.
+  commitShown();
+  BanknamesDialog dialog(session_.document(), feedback_, this);
+  if (dialog.exec() != QDialog::Accepted || dialog.renamed() == 0) return;
+  rebuildVisibleTree(session_.document());
+  afterFilesChanged();
+  showSelectedAgain();
+  statusBar()->showMessage(tr("%n department names changed.", nullptr, dialog.renamed()));
+}
+
+// The Bulk Channel Editor works on the page store and the records: what is on show goes
+// there first, and is shown again from there after the window changed anything.
+void MainWindow::editDepartmentsCommand() {
+  commitShown();
+  bool applied = false;
+  BulkEditDialog dialog(
+      session_, feedback_, [&applied] { applied = true; }, this);
+  dialog.exec();
+  if (!applied) return;
+  session_.document().changed = true;
+  showSelectedAgain();
+  updateStatus();
+}
+
+void MainWindow::showSelectedAgain() {
+  const std::string key = session_.selectedKey();
+  if (key.empty()) return;
+  showPane(key, session_.selectedKind());
+  if (key.rfind("GRP-", 0) == 0) loadGrid(key);
+}
+
 void MainWindow::openFind() {
   if (!find_) {
-    find_ = new FindDialog(session_, feedback_, shownPage_, [this] { gridChanged(); }, this);
+    find_ = new FindDialog(
+        session_, feedback_, shownPage_, [this] { gridChanged(); }, this);
   }
   find_->setGrid(shownPage_);
   find_->show();
@@ -44,8 +81,8 @@ void MainWindow::openFind() {
 
 EnhancedFindDialog& MainWindow::enhancedFind() {
   if (!enhancedFind_) {
-    enhancedFind_ =
-        new EnhancedFindDialog(session_, feedback_, shownPage_, [this] { gridChanged(); }, this);
+    enhancedFind_ = new EnhancedFindDialog(
+        session_, feedback_, shownPage_, [this] { gridChanged(); }, this);
   }
   // The searches read the page store: the grid on show goes there first.
   const std::string key = session_.selectedKey();
@@ -56,8 +93,8 @@ EnhancedFindDialog& MainWindow::enhancedFind() {
 
 void MainWindow::openCsvMapper() {
   if (!csvMapper_) {
-    csvMapper_ =
-        new CsvMapperDialog(session_, feedback_, shownPage_, [this] { gridChanged(); }, this);
+    csvMapper_ = new CsvMapperDialog(
+        session_, feedback_, shownPage_, [this] { gridChanged(); }, this);
   }
   csvMapper_->setGrid(shownPage_);
   csvMapper_->show();
@@ -69,8 +106,7 @@ void MainWindow::exportCsvCommand() {
   QString path = askFile(FileAsk::ExportCsv, QString::fromStdString(session_.folders().data));
   if (path.isEmpty()) return;
   if (!path.contains('.')) path += ".csv";
-  const std::string text =
-      exchange::channelCsvExport(session_.pages(), session_.document().family);
+  const std::string text = exchange::channelCsvExport(session_.pages(), session_.document().family);
   const std::string target = toLatin1(path);
   if (!formats::writeFileAtomically(target, text).ok) {
     feedback_.message("There was an error saving this file: " + target);

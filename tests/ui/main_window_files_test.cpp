@@ -2,8 +2,15 @@
 // channel, save under a new name, start over, open the saved file and find the edit; the
 // profile and configuration commands over the same files.
 #include <QAbstractItemModel>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTableView>
+#include <QTableWidget>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 #include <filesystem>
 #include <fstream>
@@ -13,7 +20,10 @@
 #include "core/record_line.h"
 #include "core/tree_operations.h"
 #include "formats/text_file.h"
+#include "grid/bank_names.h"
 #include "test_folder.h"
+#include "ui/banknames_dialog.h"
+#include "ui/bulk_edit_dialog.h"
 #include "ui/main_window.h"
 
 using namespace zel;
@@ -45,9 +55,9 @@ class MainWindowFilesTest : public QObject {
       });
       window->show();
       list = dir.file("cleveland.hpd");
-      fs::copy_file(std::string(ZEL_REALDATA_DIR) +
-                        "/card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd",
-                    list);
+      fs::copy_file(
+          std::string(ZEL_REALDATA_DIR) + "/card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd",
+          list);
       fs::permissions(list, fs::perms::owner_write, fs::perm_options::add);
     }
     QString q(const std::string& s) const { return QString::fromStdString(s); }
@@ -105,6 +115,104 @@ class MainWindowFilesTest : public QObject {
     QVERIFY(f.window->selectKey(f.q(f.conventionalDepartment())));
     model = f.window->rowsPane()->model();
     QCOMPARE(model->index(0, 1).data().toString(), QString("Edited; Name"));
+  }
+
+  // Edit Banknames lists every department of the open list; a name typed over the filtered
+  // table reaches the department's line, the tree and the saved file; an emptied name is
+  // refused and changes none of the names typed with it.
+  void banknamesRenameDepartmentsAllOrNothing() {
+    Fixture f;
+    QVERIFY(f.window->openPath(f.q(f.list)));
+    const std::string dept = f.conventionalDepartment();
+    QVERIFY(f.window->selectKey(f.q(dept)));
+    int listed = 0;
+    auto edit = [&](const QString& typed, bool emptyAnother) {
+      const QString shown =
+          QString::fromLatin1(treemod::getField(f.session.document().data, dept, 4).c_str());
+      QTimer::singleShot(0, [&, shown, typed, emptyAnother] {
+        auto* dialog = qobject_cast<ui::BanknamesDialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        // A failed check returns early: the window still closes, so the test goes on.
+        struct Closer {
+          QDialog* d;
+          ~Closer() {
+            if (d->isVisible()) d->reject();
+          }
+        } closer{dialog};
+        QTableWidget* table = dialog->table();
+        listed = table->rowCount();
+        QTest::keyClicks(dialog->filter(), shown);
+        int row = 0;
+        while (row < table->rowCount() && table->isRowHidden(row)) ++row;
+        QVERIFY(row < table->rowCount());
+        table->setCurrentCell(row, 2);
+        QTest::keyClick(table, Qt::Key_F2);
+        auto* editor = table->viewport()->findChild<QLineEdit*>();
+        QVERIFY(editor);
+        editor->selectAll();
+        QTest::keyClicks(editor, typed);
+        QTest::keyClick(editor, Qt::Key_Return);
+        if (emptyAnother) table->item(row == 0 ? 1 : 0, 2)->setText("  ");
+        dialog->findChild<QPushButton*>("cmdOk")->click();
+      });
+      QVERIFY(f.window->runCommand("Edit Banknames"));
+    };
+
+    edit("Dispatch, North", false);
+    QCOMPARE(listed, static_cast<int>(banks::list(f.session.document().data).size()));
+    QVERIFY(listed > 1);
+    QCOMPARE(treemod::getField(f.session.document().data, dept, 4), std::string("Dispatch; North"));
+    QVERIFY(f.session.document().changed);
+    QVERIFY(f.window->tree()
+                ->findItems("Dispatch; North", Qt::MatchContains | Qt::MatchRecursive)
+                .size() == 1);
+
+    edit("Refused With Another", true);
+    QCOMPARE(QString::fromStdString(f.feedback.messages.back()),
+             QString("A department name cannot be empty."));
+    QCOMPARE(treemod::getField(f.session.document().data, dept, 4), std::string("Dispatch; North"));
+
+    const std::string saved = f.dir.file("renamed.hpd");
+    f.names = {f.q(saved)};
+    QVERIFY(f.window->runCommand("Save As"));
+    QVERIFY(formats::readWholeFile(saved).value_or("").find("\tDispatch; North\t") !=
+            std::string::npos);
+  }
+
+  // Edit Departments opens the Bulk Channel Editor over what is on show: a name typed in the
+  // grid a moment before reaches the page store first, and the grid shows the applied delay.
+  void editDepartmentsAppliesToTheDepartmentOnShow() {
+    Fixture f;
+    QVERIFY(f.window->openPath(f.q(f.list)));
+    std::string royalton;
+    for (const banks::BankName& b : banks::list(f.session.document().data))
+      if (b.name == "North Royalton") royalton = b.key;
+    QVERIFY(f.window->selectKey(f.q(royalton)));
+    QAbstractItemModel* model = f.window->rowsPane()->model();
+    QVERIFY(model->setData(model->index(0, 1), "Typed Before", Qt::EditRole));
+    f.session.document().changed = false;
+    QTimer::singleShot(0, [&] {
+      auto* dialog = qobject_cast<ui::BulkEditDialog*>(QApplication::activeModalWidget());
+      QVERIFY(dialog);
+      dialog->setScope(bulk::Scope::TalkGroups);
+      dialog->chooseSystem(1);
+      QVERIFY(dialog->tickNode(royalton));
+      QCOMPARE(dialog->selectChannels(), 4);
+      dialog->findChild<QCheckBox*>("check1_5")->setChecked(true);
+      dialog->findChild<QComboBox*>("cmb_s_5")->setCurrentText("5");
+      QVERIFY(dialog->apply());
+      dialog->reject();
+    });
+    QVERIFY(f.window->runCommand("Edit Departments"));
+    QVERIFY(f.session.document().changed);
+    model = f.window->rowsPane()->model();
+    QCOMPARE(model->rowCount() >= 4, true);
+    int delay = -1;
+    for (int c = 0; c < model->columnCount(); ++c)
+      if (model->headerData(c, Qt::Horizontal).toString() == "Delay Time") delay = c;
+    QVERIFY(delay >= 0);
+    for (int r = 0; r < 4; ++r) QCOMPARE(model->index(r, delay).data().toString(), QString("5"));
+    QCOMPARE(model->index(0, 1).data().toString(), QString("Typed Before"));
   }
 
   void newSystemsAreSavedUnderTheUnsavedQuestionAndAFailedReadChangesNothing() {

@@ -61,6 +61,7 @@ class MainWindowTest : public QObject {
                                 "New Site",
                                 "Edit Departments",
                                 "Edit Favorites Configuration",
+                                "Edit Banknames",
                                 "Find",
                                 "Find Duplicates",
                                 "Read Data",

@@ -1,5 +1,6 @@
-// `zel hpd bulk-set` end to end: the real binary on a small favorites file, its output, its
-// exit codes, and the saved file compared with a plain save of the same input.
+// `zel hpd bulk-set` and `zel hpd banknames` end to end: the real binary on a small favorites
+// file, its output, its exit codes, and the saved file compared with a plain save of the same
+// input.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -39,10 +40,10 @@ const char* const kList =
     "C-Group\t\t\tAirport\tOff\t41.4\t-81.8\t5.0\tCircle\t3\tGlobal\r\n"
     "C-Freq\t\t\tTower\tOff\t118300000\tAM\t\t15\tOff\t2\t0\tOff\tAuto\tOff\tOn\tOff\tOff\r\n";
 
-class BulkSetCommand : public ::testing::Test {
+class HpdCommand : public ::testing::Test {
  protected:
   void SetUp() override {
-    dir_ = fs::temp_directory_path() / ("zel-bulk-e2e-" + std::to_string(::getpid()));
+    dir_ = fs::temp_directory_path() / ("zel-hpd-e2e-" + std::to_string(::getpid()));
     fs::create_directories(dir_);
     std::ofstream(path("in.hpd"), std::ios::binary) << kList;
   }
@@ -84,7 +85,7 @@ class BulkSetCommand : public ::testing::Test {
   fs::path dir_;
 };
 
-TEST_F(BulkSetCommand, SetsTheChosenDepartmentsTalkgroupsAndNothingElse) {
+TEST_F(HpdCommand, SetsTheChosenDepartmentsTalkgroupsAndNothingElse) {
   ASSERT_EQ(zel("hpd convert '" + path("in.hpd") + "' '" + path("plain.hpd") + "'").exitCode, 0);
   ZelRun r = zel("hpd bulk-set '" + path("in.hpd") +
                  "' --scope talkgroups --system 'metro p25' --department Fire"
@@ -113,7 +114,7 @@ TEST_F(BulkSetCommand, SetsTheChosenDepartmentsTalkgroupsAndNothingElse) {
   EXPECT_EQ(changed, 2);
 }
 
-TEST_F(BulkSetCommand, JsonCountsAndAFileSavedOverItself) {
+TEST_F(HpdCommand, JsonCountsAndAFileSavedOverItself) {
   ZelRun r = zel("hpd bulk-set '" + path("in.hpd") +
                  "' --scope frequencies --set Mode=nfm --json -o '" + path("in.hpd") + "'");
   ASSERT_EQ(r.exitCode, 0) << r.err;
@@ -131,7 +132,7 @@ TEST_F(BulkSetCommand, JsonCountsAndAFileSavedOverItself) {
     EXPECT_EQ(entry.path().string().find(".zeltmp"), std::string::npos) << entry.path();
 }
 
-TEST_F(BulkSetCommand, MistakesAreToldAndNothingIsWritten) {
+TEST_F(HpdCommand, MistakesAreToldAndNothingIsWritten) {
   struct Case {
     const char* args;
     int exitCode;
@@ -167,3 +168,49 @@ TEST_F(BulkSetCommand, MistakesAreToldAndNothingIsWritten) {
 }
 
 }  // namespace
+
+TEST_F(HpdCommand, BanknamesListsAndRenamesOnlyTheNamedDepartments) {
+  ZelRun listed = zel("hpd banknames '" + path("in.hpd") + "'");
+  ASSERT_EQ(listed.exitCode, 0) << listed.err;
+  EXPECT_EQ(listed.out, "Metro P25\tFire\nMetro P25\tLaw\nCounty\tAirport\n");
+
+  ASSERT_EQ(zel("hpd convert '" + path("in.hpd") + "' '" + path("plain.hpd") + "'").exitCode, 0);
+  ZelRun r = zel("hpd banknames '" + path("in.hpd") + "' --rename 'Law=Police, East' -o '" +
+                 path("out.hpd") + "'");
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  EXPECT_EQ(r.out, "Renamed 1 department; wrote " + path("out.hpd") + "\n");
+  const std::vector<std::string> plain = lines(path("plain.hpd"));
+  const std::vector<std::string> out = lines(path("out.hpd"));
+  ASSERT_EQ(plain.size(), out.size());
+  for (std::size_t i = 0; i < out.size(); ++i) {
+    if (fields(plain[i]).size() > 3 && fields(plain[i])[3] == "Law") {
+      std::vector<std::string> expected = fields(plain[i]);
+      expected[3] = "Police; East";  // a comma cannot stand in a line
+      EXPECT_EQ(fields(out[i]), expected);
+    } else {
+      EXPECT_EQ(out[i], plain[i]);
+    }
+  }
+}
+
+TEST_F(HpdCommand, BanknamesRefusalsWriteNothing) {
+  struct Case {
+    const char* args;
+    const char* error;
+  } cases[] = {
+      {"--rename 'Fire=  '", "A department name cannot be empty."},
+      {"--rename 'Harbour=Port'", "No department is named \"Harbour\"."},
+      {"--rename 'Fire=Rescue' --rename 'Nowhere=X'", "No department is named \"Nowhere\"."},
+      {"--rename 'FireRescue'", "A rename is written \"Old name=New name\": FireRescue"},
+  };
+  for (const Case& c : cases) {
+    ZelRun r = zel("hpd banknames '" + path("in.hpd") + "' " + c.args + " -o '" +
+                   path("refused.hpd") + "'");
+    EXPECT_EQ(r.exitCode, 1) << c.args;
+    EXPECT_NE(r.err.find(c.error), std::string::npos) << c.args << ": " << r.err;
+    EXPECT_FALSE(fs::exists(path("refused.hpd"))) << c.args;
+  }
+  ZelRun noOut = zel("hpd banknames '" + path("in.hpd") + "' --rename 'Fire=Rescue'");
+  EXPECT_EQ(noOut.exitCode, 1);
+  EXPECT_NE(noOut.err.find("Renaming needs -o OUT"), std::string::npos);
+}

@@ -1,0 +1,100 @@
+// zel hpd banknames: the department names of a favorites file, listed or renamed.
+//   zel hpd banknames FILE                                  one "system<TAB>department" a line
+//   zel hpd banknames FILE --rename "Old=New"... -o OUT     renames, then saves as OUT
+//
+// A name is found by its whole text; a name that more than one department bears is refused,
+// as is an empty new name. Nothing is written when any rename is refused.
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/command_registry.h"
+#include "core/document.h"
+#include "core/memory_ports.h"
+#include "formats/hpd_reader.h"
+#include "formats/hpd_writer.h"
+#include "formats/row_store.h"
+#include "grid/bank_names.h"
+
+namespace {
+
+using namespace zel;
+
+struct BanknamesArgs {
+  std::string in;
+  std::string out;
+  std::vector<std::string> renames;
+};
+
+// "Old=New" split at the first "=": an old name cannot hold one, a new name can.
+std::pair<std::string, std::string> splitRename(const std::string& text) {
+  const std::size_t eq = text.find('=');
+  if (eq == std::string::npos || eq == 0) {
+    throw cli::UserError{"A rename is written \"Old name=New name\": " + text};
+  }
+  return {text.substr(0, eq), text.substr(eq + 1)};
+}
+
+void runBanknames(const BanknamesArgs& args) {
+  Document doc;
+  formats::MemoryRows rows;
+  RecordingFeedback quiet;
+  formats::HpdReadOptions readOptions;
+  readOptions.fileIndex = 1;
+  formats::HpdReadResult read = formats::readHpd(doc, rows, args.in, readOptions, quiet);
+  if (!read.ok()) throw cli::UserError{read.message};
+  const std::vector<banks::BankName> names = banks::list(doc.data);
+
+  if (args.renames.empty()) {
+    for (const banks::BankName& b : names) std::cout << b.system << '\t' << b.name << '\n';
+    return;
+  }
+  if (args.out.empty()) throw cli::UserError{"Renaming needs -o OUT, the file to write."};
+
+  std::vector<std::pair<std::string, std::string>> byKey;
+  for (const std::string& text : args.renames) {
+    auto [from, to] = splitRename(text);
+    std::string key;
+    for (const banks::BankName& b : names) {
+      if (b.name != from) continue;
+      if (!key.empty()) {
+        throw cli::UserError{"More than one department is named \"" + from + "\"."};
+      }
+      key = b.key;
+    }
+    if (key.empty()) throw cli::UserError{"No department is named \"" + from + "\"."};
+    byKey.emplace_back(key, to);
+  }
+  banks::RenameResult renamed = banks::rename(doc, byKey);
+  if (!renamed.error.empty()) throw cli::UserError{renamed.error};
+
+  formats::HpdWriteOptions writeOptions;
+  writeOptions.fileIndex = 1;
+  formats::HpdWriteResult written = formats::writeHpd(doc, rows, args.out, writeOptions, quiet);
+  if (!written.ok()) throw cli::UserError{written.message};
+  std::cout << "Renamed " << renamed.renamed
+            << (renamed.renamed == 1 ? " department" : " departments") << "; wrote " << written.path
+            << "\n";
+}
+
+}  // namespace
+
+ZEL_COMMAND(32) {
+  (void)context;
+  CLI::App* hpd = nullptr;
+  for (auto* sub : app.get_subcommands([](CLI::App* a) { return a->get_name() == "hpd"; }))
+    hpd = sub;
+  if (!hpd) {
+    hpd = app.add_subcommand("hpd", "Favorites files (.hpd)");
+    hpd->require_subcommand(1);
+  }
+  auto args = std::make_shared<BanknamesArgs>();
+  auto* cmd =
+      hpd->add_subcommand("banknames", "List or rename the departments of a favorites file");
+  cmd->add_option("FILE", args->in, "The .hpd file to read")->required();
+  cmd->add_option("--rename", args->renames, "\"Old name=New name\" (repeatable)")
+      ->allow_extra_args(false);
+  cmd->add_option("-o,--out", args->out, "The .hpd file to write (may be FILE itself)");
+  cmd->callback([args] { runBanknames(*args); });
+}
