@@ -5,6 +5,7 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -461,7 +462,12 @@ std::vector<std::string> BulkEditDialog::tickedChannels() const {
 }
 
 bool BulkEditDialog::apply() {
+  // A hundred thousand rows take a noticeable moment: the cursor says the window is working.
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  feedback_.progress("Applying settings...");
   const bool ok = bulk::isChannelScope(scope_) ? applyToChannels() : applyToNodes();
+  feedback_.progress(ok ? "Done." : "");
+  QGuiApplication::restoreOverrideCursor();
   if (ok) {
     remember();
     if (changed_) changed_();
