@@ -27,6 +27,7 @@
 #include "ui/find_dialog.h"
 #include "ui/grid_page_model.h"
 #include "ui/grid_view.h"
+#include "ui/menu_accelerators.h"
 #include "ui/node_pane.h"
 #include "ui/patrol_window.h"
 #include "ui/qt_feedback.h"
@@ -218,6 +219,7 @@ void MainWindow::buildMenus() {
   addCommand(profile, "Save Profile", [this] { saveProfileCommand(false); });
   addCommand(profile, "Save Profile As", [this] { saveProfileCommand(true); });
   addCommand(profile, "Clear Profile Name", [this] { clearProfileCommand(); });
+  giveAccelerators(menuBar());
 }
 
 QAction* MainWindow::action(const QString& caption) const {

@@ -7,36 +7,26 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QTest>
 #include <QTreeWidget>
 
-#include "core/memory_ports.h"
 #include "core/record_line.h"
 #include "core/settings.h"
 #include "core/tree_operations.h"
-#include "test_folder.h"
 #include "ui/node_pane.h"
+#include "window_fixture.h"
 
 using namespace zel;
 
 class MainWindowTest : public QObject {
   Q_OBJECT
 
-  struct Fixture {
-    TestFolder dir;
-    MemorySettingsStore store;
-    RecordingFeedback feedback;
-    ManualClock clock;
-    Session session{store, feedback, clock, dir.file("data")};
-    std::unique_ptr<ui::MainWindow> window;
-    Fixture() {
-      session.start(false);
-      window = std::make_unique<ui::MainWindow>(session, feedback);
-      window->show();
-    }
+  struct Fixture : test::WindowFixture {
     int topLevelCount() const { return window->tree()->topLevelItemCount(); }
   };
 
@@ -70,6 +60,28 @@ class MainWindowTest : public QObject {
                                 "Clear Profile Name"}) {
       QVERIFY2(f.window->action(caption) != nullptr, caption);
     }
+  }
+
+  // Every command is reachable from the keyboard: a shortcut, or an accelerator letter that
+  // no other entry of its menu uses. Captions keep their words.
+  void everyCommandHasAShortcutOrItsOwnAccelerator() {
+    Fixture f;
+    std::function<void(QMenu*)> check = [&](QMenu* menu) {
+      QSet<QChar> letters;
+      for (QAction* a : menu->actions()) {
+        if (a->isSeparator()) continue;
+        const QString text = a->text();
+        const int amp = text.indexOf('&');
+        QVERIFY2(amp >= 0 || !a->shortcut().isEmpty(), qPrintable(text));
+        if (amp < 0) continue;
+        const QChar letter = text[amp + 1].toLower();
+        QVERIFY2(!letters.contains(letter), qPrintable(menu->title() + ": " + text));
+        letters.insert(letter);
+        if (a->menu()) check(a->menu());
+      }
+    };
+    for (QAction* top : f.window->menuBar()->actions()) check(top->menu());
+    QCOMPARE(f.window->action("Save As")->text().remove('&'), QString("Save As"));
   }
 
   void newCommandsGrowTheTree() {
