@@ -43,6 +43,8 @@ BanknamesDialog::BanknamesDialog(Document& document, Feedback& feedback, QWidget
   table_->setColumnCount(3);
   table_->setHorizontalHeaderLabels({"#", "System:", "Bankname:"});
   table_->verticalHeader()->hide();
+  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
+  table_->setWordWrap(false);
   table_->setSelectionBehavior(QAbstractItemView::SelectItems);
   table_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                           QAbstractItemView::AnyKeyPressed);
@@ -67,6 +69,7 @@ void BanknamesDialog::fill() {
     const int row = static_cast<int>(i);
     auto* number = new QTableWidgetItem(QString::number(row + 1));
     auto* system = new QTableWidgetItem(fromLatin1(names[i].system));
+    system->setToolTip(system->text());  // a long system name is cut in its column
     for (QTableWidgetItem* fixed : {number, system}) {
       fixed->setFlags(fixed->flags() & ~Qt::ItemIsEditable);
     }
