@@ -151,7 +151,7 @@ void MainWindow::buildMenus() {
   QMenu* exportMenu = file->addMenu("&Export");
   addCommand(exportMenu, "Export CSV", [this] { exportCsvCommand(); });
   addCommand(
-      file, "Print", [this] { later("Print"); }, QKeySequence::Print);
+      file, "Print", [this] { printCommand(); }, QKeySequence::Print);
   file->addSeparator();
   addCommand(
       file, "Exit", [this] { close(); }, QKeySequence::Quit);

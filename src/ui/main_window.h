@@ -19,6 +19,7 @@ class QTreeWidget;
 class QTreeWidgetItem;
 class QSplitter;
 class QAction;
+class QPrinter;
 
 namespace zel::ui {
 
@@ -41,6 +42,8 @@ class MainWindow : public QMainWindow, public SelectionHost {
   // A node dropped on another in the tree: a system into a list, a department into a
   // system; `copy` keeps the source. False when the document refused it.
   bool dropNode(const QString& sourceKey, const QString& targetKey, bool copy);
+  // Prints the selected system, or every system when none is selected, on `printer`.
+  void printReport(QPrinter& printer);
   // Opens a favorites list (.hpd) or a profile (.pfl) into the document.
   bool openPath(const QString& path);
 
@@ -85,6 +88,7 @@ class MainWindow : public QMainWindow, public SelectionHost {
   void keepColumnWidth(int column, int twips);
   void editBanknamesCommand();
   void editDepartmentsCommand();
+  void printCommand();
   void showSelectedAgain();
   void buildMenus();
   void buildCentre();

@@ -1,11 +1,17 @@
 // The windows the main window opens over the grid on show: Find/Replace, Enhanced Find
 // (duplicates and locked-out channels), the CSV mapper, the CSV export of the lists, Edit
-// Banknames over the names of all departments, and Edit Departments (the Bulk Channel Editor).
+// Banknames over the names of all departments, Edit Departments (the Bulk Channel Editor),
+// and Print.
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QStatusBar>
 #include <QTableView>
+#include <QTextDocument>
 
 #include "core/new_commands.h"
 #include "exchange/csv_export.h"
+#include "exchange/print_report.h"
+#include "formats/row_store.h"
 #include "formats/text_file.h"
 #include "ui/banknames_dialog.h"
 #include "ui/bulk_edit_dialog.h"
@@ -59,6 +65,31 @@ void MainWindow::editDepartmentsCommand() {
   session_.document().changed = true;
   showSelectedAgain();
   updateStatus();
+}
+
+void MainWindow::printCommand() {
+  if (session_.document().data.empty()) {
+    feedback_.message("No data to print, please add at least one system.");
+    return;
+  }
+  QPrinter printer(QPrinter::HighResolution);
+  QPrintDialog dialog(&printer, this);
+  dialog.setWindowTitle(session_.selectedSystem() > 0 ? tr("Print the selected system")
+                                                      : tr("Print all systems"));
+  if (dialog.exec() != QDialog::Accepted) return;
+  printReport(printer);
+}
+
+void MainWindow::printReport(QPrinter& printer) {
+  commitShown();
+  exchange::ReportOptions options;
+  options.system = session_.selectedSystem();
+  options.title = windowTitle().toStdString();
+  formats::PageFileRows rows(session_.pages());
+  QTextDocument page;
+  page.setHtml(fromLatin1(exchange::favoritesReport(session_.document(), rows, options)));
+  page.print(&printer);
+  statusBar()->showMessage(tr("Printed."));
 }
 
 void MainWindow::showSelectedAgain() {

@@ -10,10 +10,12 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPrinter>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QTest>
 #include <QTreeWidget>
+#include <fstream>
 
 #include "core/record_line.h"
 #include "core/settings.h"
@@ -190,6 +192,33 @@ class MainWindowTest : public QObject {
     f.window->runCommand("New Department");
     QVERIFY(f.window->selectKey("GRP-999-001-002"));
     QCOMPARE(f.window->rowsPane()->horizontalHeader()->sectionSize(1), dragged);
+  }
+
+  // Print takes the grid on show to the page store first and prints the selected system as a
+  // real PDF; with nothing to print it says so.
+  void printWritesTheSelectedSystemWithTheGridOnShow() {
+    Fixture f;
+    QPrinter printer(QPrinter::ScreenResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    const std::string pdf = f.dir.file("list.pdf");
+    printer.setOutputFileName(QString::fromStdString(pdf));
+    f.feedback.answers = {};
+    QVERIFY(f.window->runCommand("Print"));
+    QCOMPARE(QString::fromStdString(f.feedback.messages.back()),
+             QString("No data to print, please add at least one system."));
+
+    const int system = f.addSystem();
+    const std::string dept = f.firstDepartment(system);
+    f.show(dept);
+    QTableView* grid = f.window->rowsPane();
+    QVERIFY(grid->model()->setData(grid->model()->index(0, 0), "154.28", Qt::EditRole));
+    f.window->printReport(printer);
+    QCOMPARE(f.session.pages().load(dept).size(), size_t(1));
+    std::ifstream in(pdf, std::ios::binary);
+    std::string head(4, '\0');
+    in.read(head.data(), 4);
+    QCOMPARE(QString::fromStdString(head), QString("%PDF"));
+    QVERIFY(std::filesystem::file_size(pdf) > 1000);
   }
 
   void closeAsksWhenChanged() {
