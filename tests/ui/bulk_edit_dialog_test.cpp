@@ -13,39 +13,21 @@
 #include <QTreeWidget>
 #include <filesystem>
 
-#include "core/memory_ports.h"
 #include "core/record_line.h"
-#include "core/session.h"
 #include "core/tree_operations.h"
-#include "formats/hpd_reader.h"
-#include "test_folder.h"
+#include "window_fixture.h"
 
 using namespace zel;
 
 namespace {
 
-const std::string kCardList =
-    std::string(ZEL_REALDATA_DIR) + "/card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd";
-
 // The list as the reader numbers it: a P25 system first, then two conventional ones.
 constexpr const char* kP25Name = "Greater Cleveland Radio Communications Network";
 
-struct Fixture {
-  TestFolder dir;
-  MemorySettingsStore store;
-  RecordingFeedback feedback;
-  ManualClock clock;
-  Session session{store, feedback, clock, dir.file("data")};
+struct Fixture : test::SessionFixture {
   int changes = 0;
-  bool ok = false;
+  bool ok = readCardList();
 
-  Fixture() {
-    session.start(false);
-    formats::HpdReadOptions options;
-    ok = formats::readHpd(session.document(), session.pages(), kCardList, options, feedback).ok();
-    session.document().changed = false;
-    feedback.messages.clear();
-  }
   std::unique_ptr<ui::BulkEditDialog> open() {
     auto d = std::make_unique<ui::BulkEditDialog>(session, feedback, [this] { ++changes; });
     d->show();
@@ -62,16 +44,8 @@ struct Fixture {
   }
 };
 
-template <typename T>
-T* child(QWidget* w, const QString& name) {
-  T* found = w->findChild<T*>(name);
-  if (!found) qFatal("no widget %s", qPrintable(name));
-  return found;
-}
-
-void click(QWidget* d, const QString& name) {
-  QTest::mouseClick(child<QPushButton>(d, name), Qt::LeftButton);
-}
+using test::child;
+using test::click;
 
 QStringList comboItems(QComboBox* combo) {
   QStringList out;
@@ -94,13 +68,6 @@ bool tickByName(QTreeWidget* tree, const QString& name) {
   found.first()->setCheckState(0, Qt::Checked);
   return true;
 }
-
-bool haveCard() {
-  return std::filesystem::exists(kCardList);
-}
-
-#define NEED_CARD() \
-  if (!haveCard()) QSKIP("the real card files are not beside the checkout")
 
 }  // namespace
 

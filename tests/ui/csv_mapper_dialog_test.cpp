@@ -15,31 +15,17 @@
 #include <QTableView>
 #include <QTest>
 #include <fstream>
-#include <sstream>
 
 #include "core/record_line.h"
-#include "dialog_fixture.h"
+#include "window_fixture.h"
 
 using namespace zel;
+using test::child;
+using test::click;
 
 class CsvMapperDialogTest : public QObject {
   Q_OBJECT
 
-  template <typename T>
-  static T* child(QWidget* w, const char* name) {
-    T* found = w->findChild<T*>(name);
-    if (!found) qFatal("no widget %s", name);
-    return found;
-  }
-  static void click(QWidget* d, const char* name) {
-    QTest::mouseClick(child<QPushButton>(d, name), Qt::LeftButton);
-  }
-  static std::string readAll(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-  }
   static void write(const std::string& path, const std::string& text) {
     std::ofstream(path, std::ios::binary) << text;
   }
@@ -185,12 +171,12 @@ class CsvMapperDialogTest : public QObject {
     QVERIFY(d.loadText("154.1,Fire,,\n155.2,Police\n"));
     const std::string plain = f.dir.file("plain");
     QCOMPARE(d.saveCsv(QString::fromStdString(plain)), QString::fromStdString(plain + ".csv"));
-    QCOMPARE(readAll(plain + ".csv"),
+    QCOMPARE(test::slurp(plain + ".csv"),
              std::string("WebCatcher,data,Torvo,Freeland\r\n154.1,Fire,,,\r\n155.2,Police,,,\r\n"));
 
     const std::string zel = f.dir.file("systems.csv");
     QVERIFY(d.exportZelCsv(QString::fromStdString(zel)));
-    QCOMPARE(readAll(zel),
+    QCOMPARE(test::slurp(zel),
              std::string("[ZEL CSV FILE]\r\n[FQK] Main,StateId=3,Conventional,Numtag: 7,\r\n"));
     QVERIFY(!d.exportZelCsv(QString::fromStdString(f.dir.file("no/such/folder/x.csv"))));
   }

@@ -10,22 +10,15 @@
 #include <QTreeWidget>
 
 #include "core/record_line.h"
-#include "dialog_fixture.h"
+#include "window_fixture.h"
 
 using namespace zel;
+using test::child;
+using test::click;
 
 class EnhancedFindDialogTest : public QObject {
   Q_OBJECT
 
-  template <typename T>
-  static T* child(QWidget* w, const char* name) {
-    T* found = w->findChild<T*>(name);
-    if (!found) qFatal("no widget %s", name);
-    return found;
-  }
-  static void click(QWidget* d, const char* name) {
-    QTest::mouseClick(child<QPushButton>(d, name), Qt::LeftButton);
-  }
   static QStringList column(const QTreeWidget* list, int c) {
     QStringList out;
     for (int i = 0; i < list->topLevelItemCount(); ++i) out << list->topLevelItem(i)->text(c);

@@ -9,19 +9,13 @@
 #include <QRadioButton>
 #include <QTest>
 
-#include "dialog_fixture.h"
+#include "window_fixture.h"
 
 using namespace zel;
+using test::child;
 
 class FindDialogTest : public QObject {
   Q_OBJECT
-
-  template <typename T>
-  static T* child(QWidget* w, const char* name) {
-    T* found = w->findChild<T*>(name);
-    if (!found) qFatal("no widget %s", name);
-    return found;
-  }
 
   static void chooseColumn(ui::FindDialog& d, const char* heading) {
     auto* list = child<QListWidget>(&d, "lstColumns");

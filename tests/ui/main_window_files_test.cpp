@@ -16,15 +16,14 @@
 #include <fstream>
 
 #include "core/keys.h"
-#include "core/memory_ports.h"
 #include "core/record_line.h"
 #include "core/tree_operations.h"
 #include "formats/text_file.h"
 #include "grid/bank_names.h"
-#include "test_folder.h"
 #include "ui/banknames_dialog.h"
 #include "ui/bulk_edit_dialog.h"
 #include "ui/main_window.h"
+#include "window_fixture.h"
 
 using namespace zel;
 namespace fs = std::filesystem;
@@ -32,20 +31,12 @@ namespace fs = std::filesystem;
 class MainWindowFilesTest : public QObject {
   Q_OBJECT
 
-  struct Fixture {
-    TestFolder dir;
-    MemorySettingsStore store;
-    RecordingFeedback feedback;
-    ManualClock clock;
-    Session session{store, feedback, clock, dir.file("data")};
-    std::unique_ptr<ui::MainWindow> window;
+  struct Fixture : test::WindowFixture {
     std::deque<QString> names;  // what the file dialogs answer, in turn
     std::vector<ui::MainWindow::FileAsk> asked;
     std::string list;  // a copy of the real card's list
 
     Fixture() {
-      session.start(false);
-      window = std::make_unique<ui::MainWindow>(session, feedback);
       window->setFileChooser([this](ui::MainWindow::FileAsk ask, const QString&) {
         asked.push_back(ask);
         if (names.empty()) return QString();
@@ -53,11 +44,8 @@ class MainWindowFilesTest : public QObject {
         names.pop_front();
         return n;
       });
-      window->show();
       list = dir.file("cleveland.hpd");
-      fs::copy_file(
-          std::string(ZEL_REALDATA_DIR) + "/card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd",
-          list);
+      fs::copy_file(test::kCardList, list);
       fs::permissions(list, fs::perms::owner_write, fs::perm_options::add);
     }
     QString q(const std::string& s) const { return QString::fromStdString(s); }

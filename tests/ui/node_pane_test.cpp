@@ -15,13 +15,9 @@
 #include <filesystem>
 #include <optional>
 
-#include "core/memory_ports.h"
 #include "core/new_commands.h"
 #include "core/record_line.h"
-#include "core/session.h"
 #include "core/tree_operations.h"
-#include "formats/hpd_reader.h"
-#include "test_folder.h"
 #include "ui/band_plan_editor.h"
 #include "ui/department_form.h"
 #include "ui/field_rules.h"
@@ -30,13 +26,11 @@
 #include "ui/site_frequency_grid.h"
 #include "ui/system_form.h"
 #include "ui/unit_id_grid.h"
+#include "window_fixture.h"
 
 using namespace zel;
 
 namespace {
-
-const std::string kCardList =
-    std::string(ZEL_REALDATA_DIR) + "/card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd";
 
 // The systems of that list as the reader numbers them.
 constexpr const char* kP25System = "SYS-001";
@@ -44,35 +38,21 @@ constexpr const char* kP25Site = "SIT-001-001";
 constexpr const char* kConventional = "SYS-002";
 constexpr const char* kFireDepartment = "GRP-999-002-000";
 
-struct Fixture {
-  TestFolder dir;
-  MemorySettingsStore store;
-  RecordingFeedback feedback;
-  ManualClock clock;
-  Session session{store, feedback, clock, dir.file("data")};
+struct Fixture : test::SessionFixture {
   std::unique_ptr<ui::NodePane> pane;
+  bool ok = true;
 
   explicit Fixture(bool readCard = true) {
-    session.start(false);
-    if (readCard) {
-      formats::HpdReadOptions options;
-      formats::HpdReadResult r =
-          formats::readHpd(session.document(), session.pages(), kCardList, options, feedback);
-      ok = r.ok();
-      rebuildVisibleTree(session.document());
-      session.document().changed = false;
-    }
+    if (readCard) ok = readCardList();
     pane = std::make_unique<ui::NodePane>(session, feedback);
     pane->resize(800, 600);
     pane->show();
   }
-  Document& doc() { return session.document(); }
   std::string line(const std::string& key) { return treemod::getText(doc().data, key); }
   template <typename T>
   T* find(const char* name) {
     return pane->currentWidget()->findChild<T*>(name);
   }
-  bool ok = true;
 };
 
 // Types into a line edit and leaves it, as a user does.
@@ -91,13 +71,6 @@ std::vector<int> changedFields(const std::string& before, const std::string& aft
   }
   return out;
 }
-
-bool haveCard() {
-  return std::filesystem::exists(kCardList);
-}
-
-#define NEED_CARD() \
-  if (!haveCard()) QSKIP("the real card files are not beside the checkout")
 
 }  // namespace
 

@@ -15,26 +15,19 @@
 #include <QTreeWidget>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
-#include "core/memory_ports.h"
 #include "core/settings.h"
 #include "sim/card_sim.h"
-#include "test_folder.h"
 #include "transfer/card_detect.h"
 #include "transfer/drive_roots.h"
+#include "window_fixture.h"
 
 using namespace zel;
 namespace fs = std::filesystem;
 
 namespace {
 
-std::string slurp(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
-}
+using test::slurp;
 
 bool exists(const std::string& path) {
   return fs::exists(path);
@@ -51,19 +44,13 @@ int count(const std::string& text, const std::string& what) {
 class PatrolWindowTest : public QObject {
   Q_OBJECT
 
-  struct Fixture {
-    TestFolder dir;
-    MemorySettingsStore store;
-    RecordingFeedback feedback;
-    ManualClock clock;
-    Session session{store, feedback, clock, dir.file("data")};
+  struct Fixture : test::SessionFixture {
     transfer::ListDriveRoots roots;
     std::unique_ptr<ui::PatrolWindow> window;
     std::string lists;  // the card's favorites_lists folder
 
     // A simulated card of `model`, or none when `model` is empty.
     explicit Fixture(const std::string& model = "BCD536HP") {
-      session.start(false);
       if (!model.empty()) {
         auto made = sim::makeSimCard(dir.file("card"), model);
         if (made.ok) {

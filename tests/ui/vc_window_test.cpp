@@ -1,6 +1,8 @@
 // The virtual control windows opened from the main window's Scanner menu, talking to the
 // simulated scanner through a real pseudo-terminal: the display fills, a key press reaches
 // the scanner, and transmissions land in the activity log.
+#include "ui/vc_window.h"
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QProcess>
@@ -8,12 +10,9 @@
 #include <QTableView>
 #include <QTest>
 
-#include "core/memory_ports.h"
-#include "test_folder.h"
-#include "ui/main_window.h"
 #include "ui/vc_log_grid.h"
 #include "ui/vc_scanner_face.h"
-#include "ui/vc_window.h"
+#include "window_fixture.h"
 
 using namespace zel;
 
@@ -34,18 +33,7 @@ class VcWindowTest : public QObject {
     }
   };
 
-  struct Fixture {
-    TestFolder dir;
-    MemorySettingsStore store;
-    RecordingFeedback feedback;
-    ManualClock clock;
-    Session session{store, feedback, clock, dir.file("data")};
-    std::unique_ptr<ui::MainWindow> window;
-    Fixture() {
-      session.start(false);
-      window = std::make_unique<ui::MainWindow>(session, feedback);
-      window->show();
-    }
+  struct Fixture : test::WindowFixture {
     ui::VirtualControlWindow* open(const QString& caption) {
       if (!window->runCommand(caption)) return nullptr;
       return window->findChild<ui::VirtualControlWindow*>();
@@ -93,8 +81,7 @@ class VcWindowTest : public QObject {
     QVERIFY(vc);
     connectTo(vc, sim.device);
     QTRY_VERIFY_WITH_TIMEOUT(!vc->control().status.gsiText.empty(), 5000);
-    QTRY_VERIFY_WITH_TIMEOUT(vc->control().status.model.find("SDS200") != std::string::npos,
-                             5000);
+    QTRY_VERIFY_WITH_TIMEOUT(vc->control().status.model.find("SDS200") != std::string::npos, 5000);
     vc->close();
   }
 };
