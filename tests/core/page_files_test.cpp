@@ -10,17 +10,7 @@
 namespace zel {
 namespace {
 
-TEST(PageFiles, DepartmentWithoutRowsHasNoFile) {
-  TestFolder dir;
-  PageFiles pages(dir.path());
-  EXPECT_TRUE(pages.load("GRP-999-001-001").empty());
-  EXPECT_TRUE(pages.save("GRP-999-001-001", {"1,154.000000,a"}));
-  EXPECT_TRUE(pages.exists("GRP-999-001-001"));
-  EXPECT_TRUE(pages.save("GRP-999-001-001", {}));
-  EXPECT_FALSE(pages.exists("GRP-999-001-001"));
-}
-
-TEST(PageFiles, SaveReplacesAppendAddsAndScratchIsRemoved) {
+TEST(PageFiles, SaveReplacesAppendAddsScratchIsRemovedAndNoRowsIsNoFile) {
   TestFolder dir;
   PageFiles pages(dir.path());
   std::ofstream(pages.scratchPath()) << "scratch";
@@ -32,6 +22,11 @@ TEST(PageFiles, SaveReplacesAppendAddsAndScratchIsRemoved) {
   EXPECT_FALSE(std::filesystem::exists(pages.scratchPath()));
   EXPECT_EQ(pages.pathOf("GRP-999-002-000"),
             (std::filesystem::path(dir.path()) / "GRP-999-002-000.tmp").string());
+  // A department without rows has no file.
+  EXPECT_TRUE(pages.load("GRP-999-001-001").empty());
+  EXPECT_TRUE(pages.exists("GRP-999-002-000"));
+  EXPECT_TRUE(pages.save("GRP-999-002-000", {}));
+  EXPECT_FALSE(pages.exists("GRP-999-002-000"));
 }
 
 TEST(PageFiles, ClearAllRemovesOnlyPageFiles) {

@@ -106,7 +106,13 @@ TEST_F(SessionFixture, UnsavedCountAndTitle) {
   EXPECT_EQ(s.windowTitle(""), "ZEL536 - Profile: home");
 }
 
-TEST_F(SessionFixture, ShutdownAsksAndWritesInOrder) {
+TEST_F(SessionFixture, ShutdownAsksOnlyWhenChangedAndWritesInOrder) {
+  {
+    Session unchanged(store, feedback, clock, dir.file("unchanged"));
+    unchanged.start(false);
+    EXPECT_TRUE(unchanged.shutdown());
+    EXPECT_TRUE(feedback.questions.empty());
+  }
   Session s(store, feedback, clock, dataFolder());
   s.start(false);
   newSystem(s.document(), "New Conventional System", feedback);
@@ -135,13 +141,6 @@ TEST_F(SessionFixture, ShutdownAsksAndWritesInOrder) {
   EXPECT_LT(pos("/browser_left"), pos("options/optie0"));
   EXPECT_EQ(Settings(store).get("com", "comport", "1x"), "4");
   EXPECT_FALSE(s.pages().exists("GRP-999-001-001"));
-}
-
-TEST_F(SessionFixture, ShutdownOfAnUnchangedDocumentDoesNotAsk) {
-  Session s(store, feedback, clock, dataFolder());
-  s.start(false);
-  EXPECT_TRUE(s.shutdown());
-  EXPECT_TRUE(feedback.questions.empty());
 }
 
 }  // namespace

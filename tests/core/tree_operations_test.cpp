@@ -9,11 +9,15 @@
 namespace zel {
 namespace {
 
-TEST(NextFreeIndex, EmptyTreeGivesSystemOneAndMarksIt) {
+TEST(NextFreeIndex, EmptyTreeGivesSystemOneAndATableRowAloneTakesNoNumber) {
   Document doc;
   RecordingFeedback fb;
   EXPECT_EQ(treemod::g_n_i(doc, "system", 0, fb), 1);
   EXPECT_TRUE(doc.systems.inUse(1));
+  Document used;
+  used.data.add("", "SYS-002", "SIN");
+  used.systems.markInUse(1, true);  // once used, its node gone
+  EXPECT_EQ(treemod::g_n_i(used, "system", 0, fb), 1);
 }
 
 TEST(NextFreeIndex, FillsGapsForEveryKindWord) {
@@ -31,14 +35,6 @@ TEST(NextFreeIndex, FillsGapsForEveryKindWord) {
   // Another system's departments do not count.
   EXPECT_EQ(treemod::g_n_i(doc, "group", 3, fb), 1);
   EXPECT_TRUE(fb.messages.empty());
-}
-
-TEST(NextFreeIndex, SystemTableRowDoesNotMakeANumberTaken) {
-  Document doc;
-  RecordingFeedback fb;
-  doc.data.add("", "SYS-002", "SIN");
-  doc.systems.markInUse(1, true);  // once used, its node gone
-  EXPECT_EQ(treemod::g_n_i(doc, "system", 0, fb), 1);
 }
 
 TEST(NextFreeIndex, UnknownWordAndMissingSystemAreReported) {
