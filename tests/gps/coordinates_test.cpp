@@ -45,14 +45,6 @@ TEST_P(BothMarks, ClampsKeepTextInsideTheRangeAndStopAtTheEdges) {
   }
 }
 
-TEST(Clamp, ACommaIsADecimalSignOnlyUnderACommaLocale) {
-  // Under a comma "90,5" is above 90; under a point it reads 90 and stands as typed.
-  EXPECT_EQ(ClampLatitude("90,5", DecimalMark::comma()), "90");
-  EXPECT_EQ(ClampLatitude("90,5", DecimalMark::point()), "90,5");
-  EXPECT_EQ(ClampLongitude("-180,25", DecimalMark::comma()), "-180");
-  EXPECT_EQ(ClampLongitude("-180,25", DecimalMark::point()), "-180,25");
-}
-
 struct DmsCase {
   const char* number;
   const char* degrees;
@@ -76,13 +68,6 @@ TEST_P(BothMarks, DmsToDegreesSplitsTheDigitsByLength) {
       {"-99999999", "-180.000000"},
   };
   for (const auto& c : cases) EXPECT_EQ(DmsToDegrees(c.number, GetParam()), c.degrees) << c.number;
-}
-
-TEST(DmsToDegrees, TheMarkDecidesWhatACommaMeans) {
-  EXPECT_EQ(DmsToDegrees("12,5", DecimalMark::comma()), "0.003472");
-  EXPECT_EQ(DmsToDegrees("12,5", DecimalMark::point()), "0.003333");
-  // Under a comma locale a point still reads as the decimal sign.
-  EXPECT_EQ(DmsToDegrees("12.5", DecimalMark::comma()), "0.003472");
 }
 
 struct PackedCase {
@@ -137,11 +122,6 @@ TEST_P(BothMarks, DegreesToDmsInEveryForm) {
   }
 }
 
-TEST(DegreesToDms, TheMarkDecidesWhatACommaMeans) {
-  EXPECT_EQ(DegreesToDms("40,5", 0, DecimalMark::comma()), "403000.00");
-  EXPECT_EQ(DegreesToDms("40,5", 0, DecimalMark::point()), "400000.00");
-}
-
 TEST_P(BothMarks, PackedFormsComeBackToTheirDegrees) {
   // To packed and back loses at most a hundredth of a second (under 3e-6 degrees).
   const char* latitudes[] = {"40.2096", "-33.868820", "51.500729", "-0.127500", "89.999999"};
@@ -156,6 +136,20 @@ TEST_P(BothMarks, PackedFormsComeBackToTheirDegrees) {
     std::string back = PackedToDegrees(packed, true, GetParam());
     EXPECT_NEAR(std::stod(back), std::stod(text), 3e-6) << text << " via " << packed;
   }
+}
+
+// A comma is a decimal sign only under a comma locale; a point is one under both.
+TEST(Coordinates, TheMarkDecidesWhatACommaMeans) {
+  const DecimalMark comma = DecimalMark::comma(), point = DecimalMark::point();
+  EXPECT_EQ(ClampLatitude("90,5", comma), "90");
+  EXPECT_EQ(ClampLatitude("90,5", point), "90,5");  // reads 90 and stands as typed
+  EXPECT_EQ(ClampLongitude("-180,25", comma), "-180");
+  EXPECT_EQ(ClampLongitude("-180,25", point), "-180,25");
+  EXPECT_EQ(DmsToDegrees("12,5", comma), "0.003472");
+  EXPECT_EQ(DmsToDegrees("12,5", point), "0.003333");
+  EXPECT_EQ(DmsToDegrees("12.5", comma), "0.003472");
+  EXPECT_EQ(DegreesToDms("40,5", 0, comma), "403000.00");
+  EXPECT_EQ(DegreesToDms("40,5", 0, point), "400000.00");
 }
 
 }  // namespace

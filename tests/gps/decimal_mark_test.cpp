@@ -11,9 +11,7 @@ TEST(DecimalMark, TheSampleOfTwoThirdsTellsTheMark) {
   EXPECT_FALSE(DecimalMark::fromSample(".6666666666666666").isComma());
   EXPECT_EQ(DecimalMark().sign(), '.');
   EXPECT_EQ(DecimalMark::comma().sign(), ',');
-}
-
-TEST(DecimalMark, TheSystemMarkIsDetectedOnceAndIsOneOfTheTwo) {
+  // The system's mark is detected once and is one of the two.
   DecimalMark first = DecimalMark::system();
   EXPECT_TRUE(first == DecimalMark::point() || first == DecimalMark::comma());
   EXPECT_TRUE(DecimalMark::system() == first);
