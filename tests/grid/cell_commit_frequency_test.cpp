@@ -143,26 +143,24 @@ TEST(FrequencyRule, TableUnderBothDecimalMarks) {
   }
 }
 
-TEST(FrequencyRule, ZeroEmptiesAndBeeps) {
-  for (const char* typed : {"0", ".", "0000", "0.0", "000.00000"}) {
-    FrequencyResult result = normaliseFrequency(typed, rules());
-    EXPECT_EQ(result.text, "") << typed;
-    EXPECT_TRUE(result.beep) << typed;
-  }
-}
-
-TEST(FrequencyRule, NothingLeftAfterTheFilterEmptiesWithoutBeep) {
-  for (const char* typed : {"", "abc", "MHz", "-,+"}) {
-    FrequencyResult result = normaliseFrequency(typed, rules());
-    EXPECT_EQ(result.text, "") << typed;
-    EXPECT_FALSE(result.beep) << typed;
-    EXPECT_FALSE(result.failed) << typed;
-  }
-}
-
-TEST(FrequencyRule, UnreadableTextFailsSoTheCellStays) {
-  for (const char* typed : {"1.2.3", "15:4", "154..1"}) {
-    EXPECT_TRUE(normaliseFrequency(typed, rules()).failed) << typed;
+// Zero empties the cell with a beep, nothing left after the filter empties it quietly, and
+// unreadable text fails so the cell keeps what it had.
+TEST(FrequencyRule, ZeroNothingAndUnreadableText) {
+  struct Case {
+    const char* typed;
+    bool beep;
+    bool failed;
+  };
+  const Case cases[] = {
+      {"0", true, false},     {".", true, false},         {"0000", true, false},
+      {"0.0", true, false},   {"000.00000", true, false}, {"", false, false},
+      {"abc", false, false},  {"MHz", false, false},      {"-,+", false, false},
+      {"1.2.3", false, true}, {"15:4", false, true},      {"154..1", false, true}};
+  for (const Case& c : cases) {
+    FrequencyResult result = normaliseFrequency(c.typed, rules());
+    if (!c.failed) EXPECT_EQ(result.text, "") << c.typed;
+    EXPECT_EQ(result.beep, c.beep) << c.typed;
+    EXPECT_EQ(result.failed, c.failed) << c.typed;
   }
 }
 

@@ -105,23 +105,42 @@ GridPage channelGrid() {
   return g;
 }
 
-TEST(CellCommit, WritesTheStoredFormAndMarksTheDocument) {
-  GridPage g = channelGrid();
-  RecordingFeedback fb;
-  bool changed = false;
-  CommitEnv env{FrequencyRules{}, &fb, &changed};
-  g.setRow(2);
-  g.setCol(1);
-  std::string text = "154.16";
-  EXPECT_EQ(cellCommit(&g, text, kModePlain, env), CommitStatus::Stored);
-  EXPECT_EQ(text, "154.160000");
-  EXPECT_EQ(g.textMatrix(2, 1), "154.160000");
-  EXPECT_EQ(g.textMatrix(1, 1), "");
-  EXPECT_TRUE(changed);
-  EXPECT_TRUE(fb.messages.empty());
-}
-
-TEST(CellCommit, RepeatFillReachesTheSelection) {
+TEST(CellCommit, WhatEachOutcomeDoesToTheCellTheMarkAndTheFeedback) {
+  struct Case {
+    int col;
+    const char* typed;
+    CommitStatus status;
+    const char* cell;  // what the cell holds afterwards, it held "154.000000" or nothing
+    bool changed;
+    int beeps;
+    const char* message;
+  };
+  const Case cases[] = {
+      {1, "154.16", CommitStatus::Stored, "154.160000", true, 0, nullptr},
+      {1, "0", CommitStatus::Stored, "", true, 1, nullptr},  // zero empties with a beep
+      {1, "1.2.3", CommitStatus::Failed, "154.000000", false, 0, nullptr},
+      {3, "AM", CommitStatus::UnknownHeading, "", false, 0, "define table cgrid Mode"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.typed);
+    GridPage g = channelGrid();
+    RecordingFeedback fb;
+    bool changed = false;
+    CommitEnv env{FrequencyRules{}, &fb, &changed};
+    g.setTextMatrix(2, 1, "154.000000");
+    g.setRow(2);
+    g.setCol(c.col);
+    std::string text = c.typed;
+    EXPECT_EQ(cellCommit(&g, text, kModePlain, env), c.status);
+    EXPECT_EQ(g.textMatrix(2, c.col), c.cell);
+    if (c.status == CommitStatus::Stored) EXPECT_EQ(text, c.cell);  // the stored form goes back
+    EXPECT_EQ(g.textMatrix(1, 1), "");
+    EXPECT_EQ(changed, c.changed);
+    EXPECT_EQ(fb.beeps, c.beeps);
+    EXPECT_EQ(fb.messages,
+              c.message ? std::vector<std::string>{c.message} : std::vector<std::string>{});
+  }
+  // A repeat fill reaches the whole selection.
   GridPage g = channelGrid();
   CommitEnv env;
   g.setRow(1);
@@ -132,47 +151,6 @@ TEST(CellCommit, RepeatFillReachesTheSelection) {
   cellCommit(&g, text, kModePlain, env);
   for (int r = 1; r <= 3; ++r) EXPECT_EQ(g.textMatrix(r, 1), "460.012500") << r;
   EXPECT_EQ(g.textMatrix(4, 1), "");
-}
-
-TEST(CellCommit, ZeroEmptiesTheCellWithABeep) {
-  GridPage g = channelGrid();
-  RecordingFeedback fb;
-  CommitEnv env{FrequencyRules{}, &fb, nullptr};
-  g.setRow(1);
-  g.setCol(1);
-  g.setText("154.000000");
-  std::string text = "0";
-  EXPECT_EQ(cellCommit(&g, text, kModePlain, env), CommitStatus::Stored);
-  EXPECT_EQ(g.textMatrix(1, 1), "");
-  EXPECT_EQ(fb.beeps, 1);
-}
-
-TEST(CellCommit, UnreadableFrequencyKeepsTheCell) {
-  GridPage g = channelGrid();
-  bool changed = false;
-  CommitEnv env{FrequencyRules{}, nullptr, &changed};
-  g.setRow(1);
-  g.setCol(1);
-  g.setText("154.000000");
-  std::string text = "1.2.3";
-  EXPECT_EQ(cellCommit(&g, text, kModePlain, env), CommitStatus::Failed);
-  EXPECT_EQ(g.textMatrix(1, 1), "154.000000");
-  EXPECT_FALSE(changed);
-}
-
-TEST(CellCommit, UnknownHeadingShowsItsMessage) {
-  GridPage g = channelGrid();
-  RecordingFeedback fb;
-  bool changed = false;
-  CommitEnv env{FrequencyRules{}, &fb, &changed};
-  g.setRow(1);
-  g.setCol(3);
-  std::string text = "AM";
-  EXPECT_EQ(cellCommit(&g, text, kModePlain, env), CommitStatus::UnknownHeading);
-  ASSERT_EQ(fb.messages.size(), 1u);
-  EXPECT_EQ(fb.messages[0], "define table cgrid Mode");
-  EXPECT_EQ(g.textMatrix(1, 3), "");
-  EXPECT_FALSE(changed);
 }
 
 TEST(CellCommit, DuplicateTrunkNameWarnsAndStores) {

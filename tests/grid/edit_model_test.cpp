@@ -93,15 +93,12 @@ TEST_F(EditModelTest, KeyFiltersRefuseKeysByColumnGroup) {
   }
 }
 
-TEST_F(EditModelTest, CommaTypedInTheNameColumnDoesNothing) {
+TEST_F(EditModelTest, TheNameColumnRefusesACommaAndStopsAt64Characters) {
   grid.setCol(2);
   type("Fire,Disp");
   EXPECT_EQ(model.editText(), "FireDisp");
   model.key(KeyEvent::of(EditKey::Return));
   EXPECT_EQ(grid.textMatrix(1, 2), "FireDisp");
-}
-
-TEST_F(EditModelTest, NameBoxStopsAt64Characters) {
   grid.setCol(2);
   type(std::string(70, 'x'));
   EXPECT_EQ(model.aid().maxLength, 64);
@@ -196,7 +193,7 @@ TEST_F(EditModelTest, SpaceTogglesOnOff) {
   EXPECT_FALSE(model.key(KeyEvent::of(EditKey::Space)));
 }
 
-TEST_F(EditModelTest, F2OpensTheAidThatFitsTheList) {
+TEST_F(EditModelTest, F2OpensTheAidThatFitsTheListAndAPickStoresTheWord) {
   grid.setCol(3);  // Off, On
   EXPECT_EQ(model.openEditAid().aid, EditAid::OptionBar);
   grid.setCol(4);  // six modes
@@ -215,9 +212,7 @@ TEST_F(EditModelTest, F2OpensTheAidThatFitsTheList) {
   EXPECT_EQ(model.openEditAid().aid, EditAid::OptionBar);
   grid.setCol(1);
   EXPECT_EQ(model.openEditAid().aid, EditAid::EditBox);
-}
-
-TEST_F(EditModelTest, PickStoresTheWordUnchanged) {
+  // A pick stores the word unchanged and closes the aid.
   grid.setCol(4);
   model.openEditAid();
   model.pick("WFM");

@@ -43,19 +43,13 @@ TEST(ToneToFile, EachModeWritesItsCodeForm) {
       {"P25", "", ""},
       {"CTCSS", "71.0", ""},  // a tone of other models
       {"CTCSS", "023", ""},   // a DCS code under CTCSS
+      {"CTCSS", "293", ""},   // the P25 code a cell keeps when its mode changes
       {"DCS", "67.0", ""},
       {"DCS", "024", ""},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(toneToFile(c.mode, c.code), c.file) << c.mode << " / " << c.code;
   }
-}
-
-TEST(ToneToFile, AModeChangedToCtcssDropsAForeignCodeOnTheNextWrite) {
-  // The "SQ Code" cell keeps its P25 code when the mode changes; only the write drops it.
-  EXPECT_EQ(toneToFile("P25", "293"), "NAC=293");
-  EXPECT_EQ(toneToFile("CTCSS", "293"), "");
-  EXPECT_EQ(toneToFile("CTCSS", "123.0"), "TONE=C123.0");
 }
 
 TEST(FileForms, ModulationAndAudioType) {

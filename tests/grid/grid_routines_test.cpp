@@ -5,6 +5,7 @@
 #include "core/memory_ports.h"
 #include "grid/column_schemas.h"
 #include "grid/grid_setup.h"
+#include "grid_test_support.h"
 
 namespace zel {
 namespace {
@@ -16,20 +17,7 @@ class GridRoutines : public ::testing::Test {
     GridPage grid;
     GridSetup setup;
     setup.family = family;
-    switch (schema) {
-      case Schema::Channel:
-        setup_grid(&grid, setup);
-        break;
-      case Schema::Talkgroup:
-        setup_tgrid(&grid, setup);
-        break;
-      case Schema::Unit:
-        setup_ugrid(&grid, setup);
-        break;
-      default:
-        setup_fgrid(&grid, setup);
-        break;
-    }
+    test::setupFor(&grid, schema, setup);
     return grid;
   }
   GridEnv env() { return {&feedback, &clock}; }
@@ -99,7 +87,7 @@ TEST_F(GridRoutines, ANullGridLogsItsPhraseWithTheTimeAndDoesNothing) {
   EXPECT_TRUE(feedback.messages.empty());
 }
 
-TEST_F(GridRoutines, GetDataReadsByHeadingAndRefusesRowsOutsideTheGrid) {
+TEST_F(GridRoutines, GetDataAndHeaderReadByHeadingAndRefuseRowsOutsideTheGrid) {
   GridPage grid = build(Schema::Channel);
   grid.setTextMatrix(3, 4, "NFM");
   EXPECT_EQ(g_get_data(&grid, 3, "mode", env()), "NFM");
@@ -109,14 +97,11 @@ TEST_F(GridRoutines, GetDataReadsByHeadingAndRefusesRowsOutsideTheGrid) {
   EXPECT_EQ(g_get_data(&grid, -1, "Mode", env()), "");
   EXPECT_EQ(feedback.messages,
             (std::vector<std::string>{"row error in get_data", "row error in get_data"}));
-}
-
-TEST_F(GridRoutines, HeaderOfTheCurrentColumn) {
-  GridPage grid = build(Schema::Talkgroup);
-  grid.setCol(4);
-  EXPECT_EQ(g_get_header(&grid), "AudioType");
-  grid.setCol(0);
-  EXPECT_EQ(g_get_header(&grid), "#");
+  GridPage talkgroups = build(Schema::Talkgroup);
+  talkgroups.setCol(4);
+  EXPECT_EQ(g_get_header(&talkgroups), "AudioType");
+  talkgroups.setCol(0);
+  EXPECT_EQ(g_get_header(&talkgroups), "#");
 }
 
 TEST_F(GridRoutines, RemoveHiddDropsOnlyATrailingLastsortColumn) {
@@ -143,7 +128,7 @@ TEST_F(GridRoutines, RemoveHiddDropsOnlyATrailingLastsortColumn) {
   }
 }
 
-TEST_F(GridRoutines, MovingDownFromTheLastRowAddsExactlyOneRow) {
+TEST_F(GridRoutines, MovingDownFromTheLastRowAddsOneRowAndSkipsHiddenRows) {
   GridPage grid = build(Schema::Channel);
   ASSERT_EQ(grid.rows(), 11);
   grid.setRow(10);
@@ -160,21 +145,19 @@ TEST_F(GridRoutines, MovingDownFromTheLastRowAddsExactlyOneRow) {
   EXPECT_TRUE(incr_celld(&grid));
   EXPECT_EQ(grid.row(), 5);
   EXPECT_EQ(grid.rows(), 12);
-}
 
-TEST_F(GridRoutines, MovingDownSkipsHiddenRowsAndGrowsPastHiddenLastRows) {
-  GridPage grid = build(Schema::Channel);
-  grid.setRowHeight(6, 0);
-  grid.setRowHeight(7, 0);
-  grid.setRow(5);
-  incr_celld(&grid);
-  EXPECT_EQ(grid.row(), 8);
-
-  grid.setRowHeight(9, 0);
-  grid.setRowHeight(10, 0);
-  incr_celld(&grid);
-  EXPECT_EQ(grid.row(), 11);
-  EXPECT_EQ(grid.rows(), 12);
+  // Hidden rows are passed over, hidden last rows too: the page grows past them.
+  GridPage hidden = build(Schema::Channel);
+  hidden.setRowHeight(6, 0);
+  hidden.setRowHeight(7, 0);
+  hidden.setRow(5);
+  incr_celld(&hidden);
+  EXPECT_EQ(hidden.row(), 8);
+  hidden.setRowHeight(9, 0);
+  hidden.setRowHeight(10, 0);
+  incr_celld(&hidden);
+  EXPECT_EQ(hidden.row(), 11);
+  EXPECT_EQ(hidden.rows(), 12);
 }
 
 TEST_F(GridRoutines, MovingDownKeepsGrowingForALongPage) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/memory_ports.h"
+#include "grid_test_support.h"
 
 namespace zel {
 namespace {
@@ -10,7 +11,6 @@ namespace {
 struct Shape {
   Schema schema;
   ScannerFamily family;
-  bool (*setup)(GridPage*, const GridSetup&);
   int cols;
   const char* lastHeading;
 };
@@ -19,21 +19,21 @@ TEST(Setup, EachBuilderMakesItsSchemaTable) {
   const auto B = ScannerFamily::BCD;
   const auto H = ScannerFamily::HP;
   const Shape shapes[] = {
-      {Schema::Channel, B, setup_grid, 17, "Priority"},
-      {Schema::Channel, H, setup_grid, 13, "Alert Level"},
-      {Schema::Talkgroup, B, setup_tgrid, 15, "DMR Tslot"},
-      {Schema::Talkgroup, H, setup_tgrid, 10, "Alert Level"},
-      {Schema::Unit, B, setup_ugrid, 7, "Alert Pattern"},
-      {Schema::Unit, H, setup_ugrid, 5, "Alert Level"},
-      {Schema::Site, B, setup_fgrid, 5, "RAN"},
-      {Schema::Site, H, setup_fgrid, 5, "RAN"},
+      {Schema::Channel, B, 17, "Priority"},
+      {Schema::Channel, H, 13, "Alert Level"},
+      {Schema::Talkgroup, B, 15, "DMR Tslot"},
+      {Schema::Talkgroup, H, 10, "Alert Level"},
+      {Schema::Unit, B, 7, "Alert Pattern"},
+      {Schema::Unit, H, 5, "Alert Level"},
+      {Schema::Site, B, 5, "RAN"},
+      {Schema::Site, H, 5, "RAN"},
   };
   for (const auto& s : shapes) {
     GridPage grid(3, 40);
     grid.setTextMatrix(2, 30, "left over");
     GridSetup setup;
     setup.family = s.family;
-    ASSERT_TRUE(s.setup(&grid, setup));
+    ASSERT_TRUE(test::setupFor(&grid, s.schema, setup));
     SCOPED_TRACE(s.lastHeading);
     EXPECT_EQ(grid.cols(), s.cols);
     EXPECT_EQ(grid.rows(), 11);
@@ -86,20 +86,7 @@ TEST(Setup, StoredWidthsAboveAHundredAreTaken) {
     setup.settings = &store;
     setup.widths = &widths;
     GridPage grid;
-    switch (c.schema) {
-      case Schema::Channel:
-        setup_grid(&grid, setup);
-        break;
-      case Schema::Talkgroup:
-        setup_tgrid(&grid, setup);
-        break;
-      case Schema::Unit:
-        setup_ugrid(&grid, setup);
-        break;
-      default:
-        setup_fgrid(&grid, setup);
-        break;
-    }
+    test::setupFor(&grid, c.schema, setup);
     int col = c.key[std::string_view(c.key).size() - 1] - '0';
     EXPECT_EQ(grid.colWidth(col), c.width) << c.key << "=" << c.stored;
     EXPECT_EQ(widths.get(c.schema, col), c.width) << c.key;
