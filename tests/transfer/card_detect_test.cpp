@@ -50,7 +50,7 @@ TEST(CardDetect, MessagePerFamily) {
   }
 }
 
-TEST(CardDetect, UbcdMarkerWinsOnTheSameRoot) {
+TEST(CardDetect, UbcdMarkerWinsOnTheSameRootAndTheLaterRootWins) {
   TestFolder t;
   writeMarker(t.path(), "BCDx36HP", line("BCD536HP", "1.0"));
   writeMarker(t.path(), "UBCDx36", line("UBCD436-PT", "1.0"));
@@ -59,18 +59,16 @@ TEST(CardDetect, UbcdMarkerWinsOnTheSameRoot) {
   ASSERT_TRUE(s.detected());
   EXPECT_TRUE(s.isUbcdFolder);
   EXPECT_EQ(s.scannerRoot, t.path() + "/UBCDx36");
-}
 
-TEST(CardDetect, LaterRootWinsAndUnknownModelIsPassedOver) {
+  // Of several roots the later wins, and a model the system does not know is passed over.
   TestFolder a, b, c;
   writeMarker(a.path(), "BCDx36HP", line("BCD536HP", "1.0"));
   writeMarker(b.path(), "BCDx36HP", line("SDS200", "1.1"));
   writeMarker(c.path(), "BCDx36HP", line("Toaster", "9.9"));
-  CardDetector d;
-  const auto& s = d.detect(ListDriveRoots({a.path(), b.path(), c.path()}), {}, nullptr);
-  ASSERT_TRUE(s.detected());
-  EXPECT_EQ(s.model, "SDS200");
-  EXPECT_EQ(s.drive, b.path());
+  const auto& later = d.detect(ListDriveRoots({a.path(), b.path(), c.path()}), {}, nullptr);
+  ASSERT_TRUE(later.detected());
+  EXPECT_EQ(later.model, "SDS200");
+  EXPECT_EQ(later.drive, b.path());
 }
 
 TEST(CardDetect, FileFormatFollowsFirmwareTwoAndIsKeptOtherwise) {
@@ -84,7 +82,7 @@ TEST(CardDetect, FileFormatFollowsFirmwareTwoAndIsKeptOtherwise) {
   EXPECT_EQ(d.detect(ListDriveRoots({one.path()}), {}, nullptr).fileFormat, 2);
 }
 
-TEST(CardDetect, NothingFoundGivesTheHelpTextAndClosesTheGate) {
+TEST(CardDetect, NothingFoundClosesTheGateAndACardOnGreenOpensIt) {
   TestFolder t;
   CardDetector d;
   const auto& s = d.detect(ListDriveRoots({t.path()}), {}, nullptr);
@@ -92,12 +90,7 @@ TEST(CardDetect, NothingFoundGivesTheHelpTextAndClosesTheGate) {
   EXPECT_EQ(s.label3, kNotFoundHelp);
   EXPECT_FALSE(d.gate());
   EXPECT_EQ(d.state().label3, "Error: Scanner not detected.");
-}
-
-TEST(CardDetect, GateOpensOnlyOnGreen) {
-  TestFolder t;
   writeMarker(t.path(), "BCDx36HP", line("BCD536HP", "1.0"));
-  CardDetector d;
   d.detect(ListDriveRoots({t.path()}), {}, nullptr);
   EXPECT_TRUE(d.gate());
   EXPECT_EQ(d.state().lamp, kLampGreen);

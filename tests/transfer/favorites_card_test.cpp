@@ -43,7 +43,7 @@ class CardFixture : public ::testing::Test {
   CardState state;
 };
 
-TEST_F(CardFixture, NewListTakesTheLowestFreeNumberSoAGapIsReused) {
+TEST_F(CardFixture, NewListTakesTheLowestFreeNumberAndACopiedInNameIsWrappedOnce) {
   auto card = cardWithGap();
   EXPECT_EQ(card.lowestFreeNumber(), 2);
   auto out = card.saveList(kHpd, "Two", std::nullopt, false);
@@ -56,6 +56,11 @@ TEST_F(CardFixture, NewListTakesTheLowestFreeNumberSoAGapIsReused) {
   ASSERT_EQ(again.rows().size(), 3u);
   EXPECT_EQ(again.rows()[2].name, "Two");
   EXPECT_EQ(again.rows()[2].systemKeys, std::string(100, '1'));
+  // A copied-in name is wrapped once.
+  card.saveList(kHpd, "Lake", std::nullopt, true);
+  card.saveList(kHpd, "[FDone]", std::nullopt, true);
+  EXPECT_EQ(card.rows()[3].name, "[FLake]");
+  EXPECT_EQ(card.rows()[4].name, "[FDone]");
 }
 
 TEST_F(CardFixture, ConfigurationIsNeverRewrittenWithoutItsBackup) {
@@ -95,14 +100,6 @@ TEST_F(CardFixture, OverwriteKeepsTheNumberAndTheOldFileAsBac) {
   EXPECT_EQ(readText(fav + "/f_000003.bac"), kHpd + "three\r\n");
   EXPECT_EQ(card.rows()[1].name, "Three");
   EXPECT_FALSE(card.saveList(kHpd, "x", 9, false).status.ok);
-}
-
-TEST_F(CardFixture, CopyInNameWrapsOnce) {
-  auto card = cardWithGap();
-  card.saveList(kHpd, "Lake", std::nullopt, true);
-  card.saveList(kHpd, "[FDone]", std::nullopt, true);
-  EXPECT_EQ(card.rows()[2].name, "[FLake]");
-  EXPECT_EQ(card.rows()[3].name, "[FDone]");
 }
 
 TEST_F(CardFixture, ReorderPutsNamedListsFirst) {
@@ -199,14 +196,6 @@ TEST_F(CardFixture, FailedWriteLeavesTheCardByteForByte) {
   }
 }
 
-TEST_F(CardFixture, TemporariesOfAKilledRunAreRemovedAtLoad) {
-  auto card = cardWithGap();
-  writeText(fav + "/f_000002.hpd.zeltmp", "half a list");
-  FavoritesCard again(state);
-  ASSERT_TRUE(again.load().ok);
-  EXPECT_FALSE(fs::exists(fav + "/f_000002.hpd.zeltmp"));
-}
-
 TEST_F(CardFixture, CardWithoutConfigurationHasNoListsAndGetsOne) {
   FavoritesCard card(state);
   ASSERT_TRUE(card.load().ok);
@@ -214,6 +203,11 @@ TEST_F(CardFixture, CardWithoutConfigurationHasNoListsAndGetsOne) {
   ASSERT_TRUE(card.saveList(kHpd, "First", std::nullopt, false).status.ok);
   EXPECT_FALSE(fs::exists(fav + "/f_list.bac"));  // nothing to keep yet
   EXPECT_TRUE(startsWith(readText(fav + "/f_list.cfg"), kHead + "F-List\tFirst\tf_000001.hpd\t"));
+  // The temporaries of a killed run are removed at the next load.
+  writeText(fav + "/f_000002.hpd.zeltmp", "half a list");
+  FavoritesCard again(state);
+  ASSERT_TRUE(again.load().ok);
+  EXPECT_FALSE(fs::exists(fav + "/f_000002.hpd.zeltmp"));
 }
 
 TEST(CardPathsTest, FileNamesByFamily) {
