@@ -13,13 +13,6 @@
 namespace zel::control {
 namespace {
 
-std::string readFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream s;
-  s << in.rdbuf();
-  return s.str();
-}
-
 int logRows(const LogPage& page) {
   int n = 0;
   for (int r = 1; r <= LogPage::kRows; ++r) n += page.cell(r, 0) == "LOG";
@@ -300,7 +293,7 @@ TEST(ActivityLogger, SaveLogWritesHeadersAndEveryRow) {
   EXPECT_TRUE(std::filesystem::exists(folder.file("named.txt")));
 }
 
-TEST(ActivityLogger, ClearingAsksFirstAndThenForgetsEverything) {
+TEST(ActivityLogger, ClearingAndDeletingTheFileAskFirst) {
   TestFolder folder;
   LoggerRig rig(Family::Bcd, folder.path());
   rig.transmission("0154.4300", "Dispatch");
@@ -312,11 +305,8 @@ TEST(ActivityLogger, ClearingAsksFirstAndThenForgetsEverything) {
   EXPECT_TRUE(rig.vc->logger.page.rowEmpty(1));
   EXPECT_EQ(rig.vc->logger.lastKey, "");
   EXPECT_FALSE(std::filesystem::exists(folder.file("loggrid.ini")));
-}
 
-TEST(ActivityLogger, DeletingTheLogFileAsksFirst) {
-  TestFolder folder;
-  LoggerRig rig;
+  // Deleting the log file asks first as well.
   rig.vc->options.logFilePath = folder.file("log.csvx");
   std::ofstream(folder.file("log.csvx")) << "x";
   rig.feedback.answers.push_back(Answer::No);

@@ -124,7 +124,7 @@ TEST(PressKey, TheSdsServiceKeyIsFunctionThenZipASecondLater) {
   EXPECT_EQ(rig.pump.waits, std::vector<int>{1000});
 }
 
-TEST(ModeList, TheCaptionsAreOffByOneFromTheSameGroupsTheySend) {
+TEST(ModeList, TheCaptionsAreOffByOneFromTheGroupsTheySendAnd999SendsNothing) {
   std::map<std::string, std::string> sent;
   for (const auto& e : modeList(Family::Sds)) sent[e.caption] = modeCommand(e.number);
   EXPECT_EQ(sent["WX Mode Same 0"], "JPM,WX_MODE,SAME_1");
@@ -139,9 +139,7 @@ TEST(ModeList, TheCaptionsAreOffByOneFromTheSameGroupsTheySend) {
   EXPECT_EQ(modeCommand(40), "MNU,SVC_MENU");
   EXPECT_EQ(modeCommand(45), "MNU,SETTING_MENU");
   EXPECT_EQ(modeCommand(46), "");
-}
-
-TEST(ModeList, Entry999SendsNothing) {
+  // Entry 999 sends nothing.
   VcRig rig(Family::Bcd);
   rig.connect();
   rig.vc->commands.selectMode(999);
@@ -176,18 +174,7 @@ TEST(FurtherCommands, KnobsListsAndQuickHold) {
   EXPECT_EQ(rig.port.commands(), expected);
 }
 
-TEST(Keyboard, ArrowsSpaceEnterAndEscapePressKeys) {
-  EXPECT_EQ(keyboardKey(Keyboard::Up), "t");
-  EXPECT_EQ(keyboardKey(Keyboard::Right), "t");
-  EXPECT_EQ(keyboardKey(Keyboard::Space), "t");
-  EXPECT_EQ(keyboardKey(Keyboard::Left), "u");
-  EXPECT_EQ(keyboardKey(Keyboard::Down), "u");
-  EXPECT_EQ(keyboardKey(Keyboard::Enter), "E");
-  EXPECT_EQ(keyboardKey(Keyboard::Escape), "MENU");
-  EXPECT_EQ(keyboardKey(Keyboard::Other), "");
-}
-
-TEST(MiniView, ItsButtonsPressTheFamilysKeys) {
+TEST(MiniView, ItsButtonsAndTheKeyboardPressTheFamilysKeys) {
   EXPECT_EQ(miniViewKey(Family::Sds, MiniButton::Scan), "Scan");
   EXPECT_EQ(miniViewKey(Family::Bcd, MiniButton::Scan), "t");
   EXPECT_EQ(miniViewKey(Family::Bcd, MiniButton::HoldResume), "CHANNEL");
@@ -195,6 +182,12 @@ TEST(MiniView, ItsButtonsPressTheFamilysKeys) {
   // Every face key of each family sends something.
   for (Family f : {Family::Bcd, Family::Sds})
     for (const auto& k : keyNames(f)) EXPECT_NE(keyCommand(f, k, false), "") << k;
+  // The keyboard's arrows, space, enter and escape press keys too.
+  const std::pair<Keyboard, const char*> keyboard[] = {
+      {Keyboard::Up, "t"},        {Keyboard::Right, "t"}, {Keyboard::Space, "t"},
+      {Keyboard::Left, "u"},      {Keyboard::Down, "u"},  {Keyboard::Enter, "E"},
+      {Keyboard::Escape, "MENU"}, {Keyboard::Other, ""}};
+  for (const auto& [key, name] : keyboard) EXPECT_EQ(keyboardKey(key), name) << name;
 }
 
 }  // namespace

@@ -1,22 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
 #include "control/vc_timers.h"
 #include "test_folder.h"
 #include "vc_test_support.h"
 
 namespace zel::control {
 namespace {
-
-std::string readFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream s;
-  s << in.rdbuf();
-  return s.str();
-}
 
 TEST(GlgParser, FieldOneIsAFrequencyWithAPointOrElseATalkgroup) {
   struct Case {

@@ -43,7 +43,9 @@ TEST(RenderStatus, TheFormatWordGivesClassListScreenAndVisibleLines) {
   EXPECT_EQ(four.vc->status.display.formatWord, "  1111");
 }
 
-TEST(RenderStatus, AWordThatIsNoLayoutEndsTheRendering) {
+// A word that is no layout ends the rendering; the long screens are the SDS window's only; a
+// key echo is no screen at all.
+TEST(RenderStatus, WhatIsNoScreenLeavesTheDisplayAlone) {
   for (const char* word : {"011", "00000000000000000", "abcd"}) {
     VcRig rig(Family::Bcd);
     rig.vc->status.listScreen = 1;
@@ -51,9 +53,6 @@ TEST(RenderStatus, AWordThatIsNoLayoutEndsTheRendering) {
     EXPECT_EQ(rig.vc->status.listScreen, 1) << word;
     EXPECT_EQ(rig.vc->status.display.rows[0].text, "") << word;
   }
-}
-
-TEST(RenderStatus, OnlyTheSdsWindowKnowsItsLongScreens) {
   for (const char* word : {"00001010100000000", "00000000000000000000", "00001110000000000"}) {
     VcRig sds(Family::Sds);
     sds.sts(stsReply(word, {"Top"}));
@@ -62,9 +61,6 @@ TEST(RenderStatus, OnlyTheSdsWindowKnowsItsLongScreens) {
     bcd.sts(stsReply(word, {"Top"}));
     EXPECT_EQ(bcd.vc->status.display.rows[0].text, "") << word;
   }
-}
-
-TEST(RenderStatus, AKeyEchoIsNoScreen) {
   VcRig rig(Family::Bcd);
   rig.sts(stsReply("0000100", channelScreen()));
   rig.sts("KEY,OK\r");

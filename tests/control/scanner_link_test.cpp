@@ -83,16 +83,7 @@ TEST(ScannerLinkPorts, ThePortIsStoredAtCloseOnlyWhenOneIsChosen) {
   EXPECT_EQ(s.getPlain("vc", "comport", "none"), "usb/com3");
 }
 
-TEST(ScannerLinkConnect, WithSelectChosenConnectOnlyBeeps) {
-  VcRig rig(Family::Bcd);
-  rig.vc->link.onLoad();
-  rig.vc->link.connect();
-  EXPECT_EQ(rig.feedback.beeps, 1);
-  EXPECT_EQ(rig.port.openCount, 0);
-  EXPECT_FALSE(rig.vc->timers.enabled(Timer1));
-}
-
-TEST(ScannerLinkConnect, AnOpenErrorAbove8000IsShownInTheTitleAndNothingIsPolled) {
+TEST(ScannerLinkConnect, AnOpenErrorOrNoPortChosenBeepsAndNothingIsPolled) {
   VcRig rig(Family::Bcd);
   rig.port.openError = kPortErrorInvalidPort;
   rig.connect("COM5");
@@ -103,6 +94,13 @@ TEST(ScannerLinkConnect, AnOpenErrorAbove8000IsShownInTheTitleAndNothingIsPolled
   EXPECT_FALSE(rig.vc->timers.enabled(Timer10));
   rig.run(1000);
   EXPECT_TRUE(rig.port.commands().empty());
+  // With "select" chosen, Connect only beeps.
+  VcRig none(Family::Bcd);
+  none.vc->link.onLoad();
+  none.vc->link.connect();
+  EXPECT_EQ(none.feedback.beeps, 1);
+  EXPECT_EQ(none.port.openCount, 0);
+  EXPECT_FALSE(none.vc->timers.enabled(Timer1));
 }
 
 TEST(ScannerLinkConnect, ConnectWaitsHalfASecondThenOpensAtTheFixedSettings) {
@@ -182,17 +180,7 @@ TEST(ScannerLinkPoll, AStepTheRoundDoesNotListSendsNothingUntilTheWatchdogResets
   EXPECT_EQ(queriesOf(rig.port).front(), "STS");
 }
 
-TEST(ScannerLinkPoll, WaitingReplyMinusOneDoesNotHoldTheNextSend) {
-  VcRig rig(Family::Bcd);
-  rig.connect();
-  rig.vc->link.waitingReply = -1;
-  rig.vc->link.onTimer1();
-  rig.vc->link.onTimer1();
-  EXPECT_EQ(queriesOf(rig.port).size(), 2u);
-  EXPECT_EQ(rig.vc->link.waitingReply, -1);
-}
-
-TEST(ScannerLinkPoll, SendCounterStartsAt90OnTheBcdWindowAndWrapsAbove56) {
+TEST(ScannerLinkPoll, SendCounterWrapsAbove56AndAnAwaitedMinusOneHoldsNothing) {
   VcRig bcd(Family::Bcd);
   EXPECT_EQ(bcd.vc->link.sendCounter, 90);
   bcd.connect();
@@ -204,6 +192,13 @@ TEST(ScannerLinkPoll, SendCounterStartsAt90OnTheBcdWindowAndWrapsAbove56) {
   EXPECT_EQ(bcd.vc->link.sendCounter, 2);
   VcRig sds(Family::Sds);
   EXPECT_EQ(sds.vc->link.sendCounter, 0);
+  // A reply awaited as -1 does not hold the next send.
+  bcd.vc->link.waitingReply = -1;
+  const std::size_t sent = queriesOf(bcd.port).size();
+  bcd.vc->link.onTimer1();
+  bcd.vc->link.onTimer1();
+  EXPECT_EQ(queriesOf(bcd.port).size(), sent + 2);
+  EXPECT_EQ(bcd.vc->link.waitingReply, -1);
 }
 
 TEST(ScannerLinkPoll, TheSdsSendTickRunsAt75MsOr200WithTheGpsPort) {
@@ -351,22 +346,20 @@ TEST(ScannerLinkWatchdog, TheSdsWindowBeepsTwiceAndAppendsAnEightLineRecord) {
   EXPECT_EQ(text.str(), expected);
 }
 
-TEST(ScannerLinkCommands, SendCommandNeedsAnOpenPort) {
+TEST(ScannerLinkCommands, SendCommandNeedsAnOpenPortWhichTheReconnectOpens) {
   VcRig rig(Family::Bcd);
   EXPECT_FALSE(rig.vc->link.SendCommand("KEY,L,P"));
   rig.connect();
   EXPECT_TRUE(rig.vc->link.SendCommand("KEY,L,P"));
   EXPECT_EQ(rig.port.rawOutput(), "KEY,L,P\r");
-}
-
-TEST(ScannerLinkCommands, TheOneShotReconnectRunsTheConnectHandler) {
-  VcRig rig(Family::Bcd);
-  rig.vc->link.selectPortName("COM7");
-  rig.vc->timers.enable(Timer4);
-  rig.run(250);
-  EXPECT_FALSE(rig.vc->timers.enabled(Timer4));
-  EXPECT_EQ(rig.port.lastPort, "COM7");
-  EXPECT_TRUE(rig.port.isOpen());
+  // The one-shot reconnect runs the connect handler.
+  VcRig again(Family::Bcd);
+  again.vc->link.selectPortName("COM7");
+  again.vc->timers.enable(Timer4);
+  again.run(250);
+  EXPECT_FALSE(again.vc->timers.enabled(Timer4));
+  EXPECT_EQ(again.port.lastPort, "COM7");
+  EXPECT_TRUE(again.port.isOpen());
 }
 
 }  // namespace

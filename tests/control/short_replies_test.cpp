@@ -32,14 +32,6 @@ TEST(ShortReplies, TheSdsWindowRefusesABcdOnceAndNamesItselfForAnSds) {
   EXPECT_EQ(rig.vc->link.title(), kSdsTitle);
 }
 
-TEST(ShortReplies, TheModelIsEightCharactersFromBehindTheComma) {
-  VcRig rig(Family::Bcd);
-  rig.vc->decoder.parseModel("MDL,UBCD3600XLT\r");
-  EXPECT_EQ(rig.vc->status.model, "UBCD3600");
-  rig.vc->decoder.parseModel("MDL,BCD436HP\r");
-  EXPECT_EQ(rig.vc->status.model, "BCD436HP");
-}
-
 TEST(ShortReplies, ValuesAreTakenAsSoonAsTheirWordArrived) {
   VcRig rig(Family::Bcd);
   auto& d = rig.vc->decoder;
@@ -54,20 +46,14 @@ TEST(ShortReplies, ValuesAreTakenAsSoonAsTheirWordArrived) {
   d.parseSquelch("SQL,3\r");
   EXPECT_EQ(st.volume, "7");
   EXPECT_EQ(st.squelch, "3");
+  // The model is eight characters from behind the comma.
+  d.parseModel("MDL,UBCD3600XLT\r");
+  EXPECT_EQ(st.model, "UBCD3600");
+  d.parseModel("MDL,BCD436HP\r");
+  EXPECT_EQ(st.model, "BCD436HP");
 }
 
-TEST(ShortReplies, ServiceFlagsPaintTheirButtons) {
-  VcRig rig(Family::Bcd);
-  rig.vc->decoder.parseServices("SVC,1,0,1,x\r");
-  const auto& s = rig.vc->status.display.services;
-  EXPECT_EQ(s[1], 1);
-  EXPECT_EQ(s[2], 0);
-  EXPECT_EQ(s[3], 1);
-  EXPECT_EQ(s[4], -1);  // neither "0" nor "1": unchanged
-  EXPECT_EQ(s[37], -1);
-}
-
-TEST(ShortReplies, WindowFrequencyAndGroupText) {
+TEST(ShortReplies, WindowFrequencyGroupTextAndServiceFlags) {
   VcRig rig(Family::Bcd);
   auto& d = rig.vc->decoder;
   EXPECT_EQ(d.parseWindow("WIN,3,01544300"), ParseResult::Waiting);
@@ -75,6 +61,11 @@ TEST(ShortReplies, WindowFrequencyAndGroupText) {
   EXPECT_EQ(rig.vc->status.frequencyText, "154.4300");
   EXPECT_EQ(d.parseGid("GID,P25,2412,0,A,B,C\r"), ParseResult::Accepted);
   EXPECT_EQ(rig.vc->status.groupText, "GID,P25,2412,0,A,B,C");
+  // Service flags paint their buttons; neither "0" nor "1" leaves one unchanged.
+  d.parseServices("SVC,1,0,1,x\r");
+  const auto& s = rig.vc->status.display.services;
+  EXPECT_EQ(std::vector<int>(s.begin() + 1, s.begin() + 5), (std::vector<int>{1, 0, 1, -1}));
+  EXPECT_EQ(s[37], -1);
 }
 
 TEST(ShortReplies, TheDispatchFollowsTheStepAwaited) {

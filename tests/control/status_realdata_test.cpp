@@ -2,19 +2,13 @@
 // characters and high bytes.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "vc_test_support.h"
 
 namespace zel::control {
 namespace {
 
 std::string real(const std::string& name) {
-  std::ifstream in(std::string(ZEL_REALDATA_DIR) + "/serial_sds200/" + name, std::ios::binary);
-  std::stringstream s;
-  s << in.rdbuf();
-  return s.str();
+  return readFile(std::string(ZEL_REALDATA_DIR) + "/serial_sds200/" + name);
 }
 
 // Some captures lost their final CR; a reply on the wire always has one.

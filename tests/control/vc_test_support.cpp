@@ -1,5 +1,8 @@
 #include "vc_test_support.h"
 
+#include <fstream>
+#include <sstream>
+
 namespace zel::control {
 
 VcRig::VcRig(Family family, std::string dataFolder) {
@@ -42,6 +45,13 @@ std::string glyphs(std::initializer_list<int> codes) {
   std::string s;
   for (int c : codes) s += static_cast<char>(c);
   return s;
+}
+
+std::string readFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream s;
+  s << in.rdbuf();
+  return s.str();
 }
 
 }  // namespace zel::control

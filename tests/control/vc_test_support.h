@@ -57,5 +57,7 @@ std::string glgReply(const std::string& freqOrTgid, const std::string& channel,
 std::string stsReply(const std::string& format, const std::vector<std::string>& lines);
 // A string of glyph codes.
 std::string glyphs(std::initializer_list<int> codes);
+// The bytes of a file, "" when there is none.
+std::string readFile(const std::string& path);
 
 }  // namespace zel::control
