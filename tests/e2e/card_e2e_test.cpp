@@ -1,14 +1,14 @@
 // `zel card` and `zel sim card` end to end: the real binary on simulated card trees and on
 // copies of real cards, with its messages, exit codes and the files it leaves.
-#include "card_fixture.h"
+#include "zel_run.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using zel::e2e::CardCommand;
-using zel::e2e::CardRun;
 using zel::e2e::slurp;
 using zel::e2e::snapshot;
+using zel::e2e::ZelRun;
 
 TEST_F(CardCommand, DetectionMessagePerFamily) {
   struct Case {
@@ -21,57 +21,57 @@ TEST_F(CardCommand, DetectionMessagePerFamily) {
                {"UBCD536-PT", "UBCDx36HP detected at drive "}};
   for (const auto& c : cases) {
     const std::string path = card(c.model, c.model);
-    CardRun r = zel("card detect" + root(path));
+    ZelRun r = zel("card detect" + root(path));
     EXPECT_EQ(r.exitCode, 0) << r.err;
     EXPECT_EQ(r.out.rfind(std::string(c.head) + path + " DBase=01/15/2024 12:00:00 Firmware=", 0),
               0u)
         << r.out;
     EXPECT_NE(r.out.find("Serial=00000-123456789-000 FileFormat:0"), std::string::npos);
   }
-  CardRun none = zel("card detect --root '" + (dir_ / "empty").string() + "'");
+  ZelRun none = zel("card detect --root '" + path("empty") + "'");
   EXPECT_EQ(none.exitCode, 1);
   EXPECT_EQ(none.out.rfind("(u)BCDx36HP/sds not found", 0), 0u);
-  CardRun gated = zel("card list --root '" + (dir_ / "empty").string() + "'");
+  ZelRun gated = zel("card list --root '" + path("empty") + "'");
   EXPECT_EQ(gated.exitCode, 1);
   EXPECT_EQ(gated.err, "Error: Scanner not detected.\n");
-  EXPECT_NE(slurp(dir_ / "data" / "drivetest.txt").find("ZEL536- "), std::string::npos);
+  EXPECT_NE(slurp(path("data/drivetest.txt")).find("ZEL536- "), std::string::npos);
 }
 
 TEST_F(CardCommand, NewListAtLowestFreeNumberAndGapReused) {
   const std::string c = card("c", "BCD536HP");
-  CardRun read = zel("card read 1 2 --out '" + (dir_ / "both.hpd").string() + "'" + root(c));
+  ZelRun read = zel("card read 1 2 --out '" + path("both.hpd") + "'" + root(c));
   ASSERT_EQ(read.exitCode, 0) << read.err;
   EXPECT_NE(read.out.find("2 systems"), std::string::npos);
   const std::string cfg = slurp(fav(c) / "f_list.cfg");
-  CardRun w = zel("card write '" + (dir_ / "both.hpd").string() + "' --name Both" + root(c));
+  ZelRun w = zel("card write '" + path("both.hpd") + "' --name Both" + root(c));
   ASSERT_EQ(w.exitCode, 0) << w.err;
   EXPECT_NE(w.out.find("f_000003.hpd"), std::string::npos);
   EXPECT_EQ(slurp(fav(c) / "f_list.bac"), cfg);  // backup refreshed before the rewrite
   ASSERT_EQ(zel("card delete 1 --yes" + root(c)).exitCode, 0);
   EXPECT_FALSE(fs::exists(fav(c) / "f_000001.hpd"));
   EXPECT_TRUE(fs::exists(fav(c) / "f_000001.bac"));
-  CardRun again = zel("card write '" + (dir_ / "both.hpd").string() + "' --name Again" + root(c));
+  ZelRun again = zel("card write '" + path("both.hpd") + "' --name Again" + root(c));
   ASSERT_EQ(again.exitCode, 0) << again.err;
   EXPECT_NE(again.out.find("f_000001.hpd"), std::string::npos);
-  CardRun list = zel("card list" + root(c));
+  ZelRun list = zel("card list" + root(c));
   EXPECT_NE(list.out.find("1\tf_000001.hpd\tAgain"), std::string::npos) << list.out;
   // The list written to the card reads back with both systems.
-  CardRun back = zel("card read 1 --out '" + (dir_ / "back.hpd").string() + "'" + root(c));
+  ZelRun back = zel("card read 1 --out '" + path("back.hpd") + "'" + root(c));
   EXPECT_NE(back.out.find("2 systems"), std::string::npos) << back.err;
 }
 
 TEST_F(CardCommand, DeleteNeedsYesAndOrderRewritesWithBackup) {
   const std::string c = card("c", "SDS200");
-  CardRun refused = zel("card delete 1" + root(c));
+  ZelRun refused = zel("card delete 1" + root(c));
   EXPECT_EQ(refused.exitCode, 1);
   EXPECT_TRUE(fs::exists(fav(c) / "f_000001.hpd"));
   const std::string cfg = slurp(fav(c) / "f_list.cfg");
-  CardRun order = zel("card order 2 1" + root(c));
+  ZelRun order = zel("card order 2 1" + root(c));
   ASSERT_EQ(order.exitCode, 0) << order.err;
   EXPECT_EQ(order.out.rfind("2\tf_000002.hpd", 0), 0u) << order.out;
   EXPECT_EQ(slurp(fav(c) / "f_list.bac"), cfg);
   ASSERT_EQ(zel("card qkeys auto" + root(c)).exitCode, 0);
-  CardRun list = zel("card list --json" + root(c));
+  ZelRun list = zel("card list --json" + root(c));
   EXPECT_NE(list.out.find("\"number\":2,\"name\":\"County P25\""), std::string::npos) << list.out;
   EXPECT_NE(list.out.find("\"quickKey\":\"0\""), std::string::npos);
   EXPECT_EQ(zel("card qkeys sideways" + root(c)).exitCode, 2);
@@ -80,7 +80,7 @@ TEST_F(CardCommand, DeleteNeedsYesAndOrderRewritesWithBackup) {
 TEST_F(CardCommand, MisspelledTagIsReadAndKeptOnThe3600) {
   const std::string c = card("c", "UBCD3600XLT");
   EXPECT_NE(slurp(fav(c) / "f_list.cfg").find("\r\nF-1ist\tLake County Fire\t"), std::string::npos);
-  CardRun list = zel("card list" + root(c));
+  ZelRun list = zel("card list" + root(c));
   EXPECT_NE(list.out.find("Lake County Fire"), std::string::npos);
   EXPECT_NE(list.out.find("County P25"), std::string::npos);
   ASSERT_EQ(zel("card qkeys clear" + root(c)).exitCode, 0);
@@ -92,9 +92,9 @@ TEST_F(CardCommand, MisspelledTagIsReadAndKeptOnThe3600) {
 TEST_F(CardCommand, OrphansFoundAndRecovered) {
   const std::string c = card("c", "BCD536HP");
   fs::copy_file(fav(c) / "f_000002.hpd", fav(c) / "f_000005.hpd");
-  CardRun o = zel("card orphans" + root(c));
+  ZelRun o = zel("card orphans" + root(c));
   EXPECT_EQ(o.out, "Orphan f_000005.hpd\n");
-  CardRun rec = zel("card orphans --recover f_000005.hpd" + root(c));
+  ZelRun rec = zel("card orphans --recover f_000005.hpd" + root(c));
   ASSERT_EQ(rec.exitCode, 0) << rec.err;
   EXPECT_NE(rec.out.find("recovered as f_000003.hpd"), std::string::npos);
   EXPECT_EQ(slurp(fav(c) / "f_000003.hpd"), slurp(fav(c) / "f_000005.hpd"));
@@ -117,15 +117,15 @@ TEST_F(CardCommand, WriteCutOffHalfwayLeavesTheCardAsItWas) {
              "000\tFM\t\t3\tOff\t2\t0\tOff\tAuto\tOff\tOn\tOff\tOff\r\n";
     }
   }
-  const std::string file = (dir_ / "big.hpd").string();
+  const std::string file = path("big.hpd");
   std::ofstream(file, std::ios::binary) << big;
   const auto before = snapshot(c);
-  CardRun r = zel("card write '" + file + "' --name Big" + root(c), "ulimit -f 40; ");
+  ZelRun r = zel("card write '" + file + "' --name Big" + root(c), "ulimit -f 40; ");
   EXPECT_EQ(r.exitCode, 1);
   EXPECT_NE(r.err.find("the card was left as it was."), std::string::npos) << r.err;
   EXPECT_EQ(snapshot(c), before);
   // Without the limit the same write goes through.
-  CardRun ok = zel("card write '" + file + "' --name Big" + root(c));
+  ZelRun ok = zel("card write '" + file + "' --name Big" + root(c));
   EXPECT_EQ(ok.exitCode, 0) << ok.err;
 }
 
@@ -133,11 +133,11 @@ TEST_F(CardCommand, EnableAllTurnsListKeysAndTheProfileOn) {
   const std::string c = card("c", "BCD536HP");
   ASSERT_EQ(zel("card qkeys clear" + root(c)).exitCode, 0);
   const std::string before = slurp(fav(c) / "f_list.cfg");
-  CardRun r = zel("card enable-all 2" + root(c));
+  ZelRun r = zel("card enable-all 2" + root(c));
   ASSERT_EQ(r.exitCode, 0) << r.err;
   EXPECT_NE(r.out.find("profile.cfg: every flag on"), std::string::npos) << r.out;
   EXPECT_EQ(slurp(fav(c) / "f_list.bac"), before);
-  CardRun list = zel("card list --json" + root(c));
+  ZelRun list = zel("card list --json" + root(c));
   // List 2 has every key on; list 1 keeps its own flags.
   EXPECT_NE(list.out.find("\"number\":2,\"name\":\"County P25\""), std::string::npos);
   EXPECT_NE(list.out.find("\"startupKeys\":\"1111111111\",\"systemKeys\":\"" +

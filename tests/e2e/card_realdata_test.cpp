@@ -1,13 +1,13 @@
 // `zel card` on copies of real scanner cards: the shared corpus is copied into a temp folder
 // first, so nothing is ever written where the corpus lives.
-#include "card_fixture.h"
+#include "zel_run.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using zel::e2e::CardCommand;
-using zel::e2e::CardRun;
 using zel::e2e::slurp;
+using zel::e2e::ZelRun;
 
 TEST_F(CardCommand, RealCardsReadAndWriteOnCopies) {
   const fs::path real = ZEL_REALDATA_DIR;
@@ -25,7 +25,7 @@ TEST_F(CardCommand, RealCardsReadAndWriteOnCopies) {
                 : std::string("TargetModel\tBCDx36HP\r\nFormatVersion\t1.00\r\n"
                               "Scanner\tBCD536HP\t0\t1.05.04\r\n"));
     const std::string cfg = slurp(copy / "BCDx36HP" / "favorites_lists" / "f_list.cfg");
-    CardRun list = zel("card list" + root(copy.string()));
+    ZelRun list = zel("card list" + root(copy.string()));
     ASSERT_EQ(list.exitCode, 0) << list.err;
     EXPECT_EQ(list.out.rfind("1\tf_000001.hpd\t", 0), 0u) << list.out;
     // Rewriting the configuration keeps every field of every entry, and the scanner's
@@ -35,9 +35,9 @@ TEST_F(CardCommand, RealCardsReadAndWriteOnCopies) {
     EXPECT_EQ(zel("card list --json" + root(copy.string())).out, before);
     EXPECT_EQ(slurp(copy / "BCDx36HP" / "favorites_lists" / "f_list.bac"), cfg);
     const std::string out = (dir_ / (std::string(name) + ".hpd")).string();
-    CardRun read = zel("card read 1 --out '" + out + "'" + root(copy.string()));
+    ZelRun read = zel("card read 1 --out '" + out + "'" + root(copy.string()));
     ASSERT_EQ(read.exitCode, 0) << read.err;
-    CardRun w = zel("card write '" + out + "' --name Copy" + root(copy.string()));
+    ZelRun w = zel("card write '" + out + "' --name Copy" + root(copy.string()));
     ASSERT_EQ(w.exitCode, 0) << w.err;
     EXPECT_NE(w.out.find("f_000002.hpd"), std::string::npos);
   }

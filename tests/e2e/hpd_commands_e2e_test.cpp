@@ -1,27 +1,14 @@
 // `zel hpd bulk-set` and `zel hpd banknames` end to end: the real binary on a small favorites
 // file, its output, its exit codes, and the saved file compared with a plain save of the same
 // input.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <sstream>
-#include <string>
-#include <vector>
+#include "zel_run.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct ZelRun {
-  int exitCode = -1;
-  std::string out;
-  std::string err;
-};
+using zel::e2e::pieces;
+using zel::e2e::slurp;
+using zel::e2e::ZelRun;
 
 const char* const kList =
     "TargetModel\tBCDx36HP\r\n"
@@ -40,49 +27,14 @@ const char* const kList =
     "C-Group\t\t\tAirport\tOff\t41.4\t-81.8\t5.0\tCircle\t3\tGlobal\r\n"
     "C-Freq\t\t\tTower\tOff\t118300000\tAM\t\t15\tOff\t2\t0\tOff\tAuto\tOff\tOn\tOff\tOff\r\n";
 
-class HpdCommand : public ::testing::Test {
+class HpdCommand : public zel::e2e::ZelTest {
  protected:
   void SetUp() override {
-    dir_ = fs::temp_directory_path() / ("zel-hpd-e2e-" + std::to_string(::getpid()));
-    fs::create_directories(dir_);
+    ZelTest::SetUp();
     std::ofstream(path("in.hpd"), std::ios::binary) << kList;
   }
-  void TearDown() override { fs::remove_all(dir_); }
-
-  std::string path(const std::string& name) const { return (dir_ / name).string(); }
-
-  // Runs zel with its own settings file, so the user's settings are never touched.
-  ZelRun zel(const std::string& args) const {
-    const std::string errFile = path("stderr.txt");
-    const std::string command = std::string("'") + ZEL_BIN_DIR + "/zel' --settings '" +
-                                path("settings.ini") + "' " + args + " 2>'" + errFile + "'";
-    ZelRun run;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (!pipe) return run;
-    char buffer[4096];
-    std::size_t n;
-    while ((n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) run.out.append(buffer, n);
-    const int status = ::pclose(pipe);
-    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    std::ifstream err(errFile);
-    run.err.assign(std::istreambuf_iterator<char>(err), {});
-    return run;
-  }
-
-  static std::vector<std::string> lines(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::vector<std::string> out;
-    for (std::string line; std::getline(in, line);) out.push_back(line);
-    return out;
-  }
-  static std::vector<std::string> fields(const std::string& line) {
-    std::vector<std::string> out;
-    std::stringstream in(line);
-    for (std::string f; std::getline(in, f, '\t');) out.push_back(f);
-    return out;
-  }
-
-  fs::path dir_;
+  static std::vector<std::string> lines(const std::string& file) { return pieces(slurp(file)); }
+  static std::vector<std::string> fields(const std::string& line) { return pieces(line, '\t'); }
 };
 
 TEST_F(HpdCommand, SetsTheChosenDepartmentsTalkgroupsAndNothingElse) {

@@ -2,27 +2,21 @@
 // the real serial port code, for both window families and with the simulator's faults.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include <algorithm>
 
 #include "monitor_process.h"
+#include "zel_run.h"
 
 namespace zel::e2e {
 namespace {
 
 namespace fs = std::filesystem;
 
-struct Monitor {
-  int exitCode = -1;
-  std::string out, err;
-};
-
-Monitor monitor(const std::string& device, std::vector<std::string> options) {
+ZelRun monitor(const std::string& device, std::vector<std::string> options) {
   std::vector<std::string> argv{zelBinary(), "monitor", "--port", device};
   argv.insert(argv.end(), options.begin(), options.end());
   Process p;
-  Monitor m;
+  ZelRun m;
   if (!p.start(argv)) return m;
   m.exitCode = p.wait(20000);
   m.out = p.out();
@@ -48,18 +42,13 @@ TEST(MonitorE2E, BcdFamilyLogsTheSimulatedScanToStdoutAndTheFile) {
   SimulatedScanner sim({"--model", "BCD536HP", "--seed", "5", "--activity", "0.5"});
   ASSERT_EQ(sim.device().rfind("/dev/", 0), 0u) << sim.process().err();
   fs::path log = fs::temp_directory_path() / ("zel-monitor-" + std::to_string(getpid()) + ".csvx");
-  Monitor m = monitor(sim.device(), {"--seconds", "4", "--log", log.string()});
+  ZelRun m = monitor(sim.device(), {"--seconds", "4", "--log", log.string()});
   EXPECT_EQ(m.exitCode, 0) << m.err;
   EXPECT_NE(m.out.find("LOG,"), std::string::npos) << m.err;
-  std::ifstream in(log, std::ios::binary);
-  std::stringstream file;
-  file << in.rdbuf();
+  std::string crlfLess = slurp(log);
   fs::remove(log);
   // The file holds the same lines, with CR LF ends.
-  std::string lf = file.str();
-  std::string crlfLess;
-  for (char c : lf)
-    if (c != '\r') crlfLess += c;
+  crlfLess.erase(std::remove(crlfLess.begin(), crlfLess.end(), '\r'), crlfLess.end());
   EXPECT_EQ(crlfLess, m.out);
   EXPECT_NE(m.err.find(" 0 watchdog resets"), std::string::npos) << m.err;
 }
@@ -67,7 +56,7 @@ TEST(MonitorE2E, BcdFamilyLogsTheSimulatedScanToStdoutAndTheFile) {
 TEST(MonitorE2E, SdsFamilyReadsTheXmlAndReportsAsJson) {
   SimulatedScanner sim({"--model", "SDS200", "--seed", "8", "--activity", "0.5"});
   ASSERT_FALSE(sim.device().empty());
-  Monitor m = monitor(sim.device(), {"--seconds", "4", "--family", "sds", "--json"});
+  ZelRun m = monitor(sim.device(), {"--seconds", "4", "--family", "sds", "--json"});
   ASSERT_EQ(m.exitCode, 0) << m.err;
   EXPECT_NE(m.out.find("\"model\":\"SDS200\""), std::string::npos) << m.out;
   EXPECT_EQ(jsonNumber(m.out, "watchdogResets"), 0);
@@ -83,7 +72,7 @@ TEST(MonitorE2E, SdsFamilyReadsTheXmlAndReportsAsJson) {
 TEST(MonitorE2E, ASilentScannerIsResetByTheWatchdogAndPollingResumes) {
   SimulatedScanner sim({"--model", "BCD436HP", "--silent-after", "1", "--silent-for", "2.5"});
   ASSERT_FALSE(sim.device().empty());
-  Monitor m = monitor(sim.device(), {"--seconds", "7", "--json"});
+  ZelRun m = monitor(sim.device(), {"--seconds", "7", "--json"});
   ASSERT_EQ(m.exitCode, 0) << m.err;
   EXPECT_GE(jsonNumber(m.out, "watchdogResets"), 1) << m.out;
   EXPECT_GT(jsonNumber(m.out, "repliesSinceLastReset"), 20) << m.out;
@@ -94,7 +83,7 @@ TEST(MonitorE2E, GarbageAndCutRepliesDoNotStopThePolling) {
   SimulatedScanner sim({"--model", "BCD536HP", "--garbage", "0.2", "--cut", "0.1", "--seed", "3",
                         "--activity", "0.5"});
   ASSERT_FALSE(sim.device().empty());
-  Monitor m = monitor(sim.device(), {"--seconds", "4", "--json"});
+  ZelRun m = monitor(sim.device(), {"--seconds", "4", "--json"});
   ASSERT_EQ(m.exitCode, 0) << m.err;
   EXPECT_GT(jsonNumber(m.out, "repliesAccepted"), 20) << m.out;
   for (const auto& l : jsonLines(m.out)) {
@@ -108,7 +97,7 @@ TEST(MonitorE2E, GarbageAndCutRepliesDoNotStopThePolling) {
 TEST(MonitorE2E, TheBcdWindowRefusesAnSdsScanner) {
   SimulatedScanner sim({"--model", "SDS100"});
   ASSERT_FALSE(sim.device().empty());
-  Monitor m = monitor(sim.device(), {"--seconds", "4"});
+  ZelRun m = monitor(sim.device(), {"--seconds", "4"});
   EXPECT_EQ(m.exitCode, 1);
   EXPECT_NE(m.err.find("New sds model detected, please select SDS VC for correct interface"),
             std::string::npos)
@@ -116,12 +105,12 @@ TEST(MonitorE2E, TheBcdWindowRefusesAnSdsScanner) {
 }
 
 TEST(MonitorE2E, AMissingPortIsAUserError) {
-  Monitor m = monitor("/dev/zel-no-such-port", {"--seconds", "1"});
+  ZelRun m = monitor("/dev/zel-no-such-port", {"--seconds", "1"});
   EXPECT_EQ(m.exitCode, 1);
   EXPECT_NE(m.err.find("Cannot open the port /dev/zel-no-such-port: usb/comport error: 80"),
             std::string::npos)
       << m.err;
-  Monitor usage = monitor("/dev/null", {"--family", "hp"});
+  ZelRun usage = monitor("/dev/null", {"--family", "hp"});
   EXPECT_EQ(usage.exitCode, 2);
 }
 
