@@ -79,7 +79,7 @@ TEST(FavoritesConfig, ReadingTurnsFlagsBackAndKeepsTheTag) {
   EXPECT_EQ(c.rows[0].startupKeys, "101");
   EXPECT_EQ(c.rows[0].systemQuickKeys, "");
   EXPECT_EQ(c.rows[1].file, "f_000009.hpd");  // listed though no such file exists
-  EXPECT_EQ(c.rows[0].tag, "F-List ");  // each line keeps the tag it was read with
+  EXPECT_EQ(c.rows[0].tag, "F-List ");        // each line keeps the tag it was read with
   EXPECT_EQ(c.rows[1].tag, "F-1ist");
 }
 

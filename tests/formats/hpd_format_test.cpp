@@ -64,7 +64,7 @@ TEST(HpdFrequencies, FileDigitsSplitByTheirLength) {
   for (const Case& c : cases) EXPECT_EQ(frequencyFromFile(c.digits), c.mhz) << c.digits;
 }
 
-TEST(HpdFrequencies, RowTextBecomesWholeHertz) {
+TEST(HpdFrequencies, RowTextBecomesWholeHertzAndFileDigitsComeBack) {
   struct Case {
     const char* mhz;
     const char* hz;
@@ -84,9 +84,7 @@ TEST(HpdFrequencies, RowTextBecomesWholeHertz) {
       {"0.0000009", "1"},
   };
   for (const Case& c : cases) EXPECT_EQ(frequencyToFile(c.mhz), c.hz) << c.mhz;
-}
-
-TEST(HpdFrequencies, ReadAndWriteAreInversesForFileDigits) {
+  // Read and write are inverses for the digits of a file.
   for (const char* digits : {"46100000", "164225000", "851006250", "1240000000", "25000000"}) {
     EXPECT_EQ(frequencyToFile(frequencyFromFile(digits)), digits);
   }

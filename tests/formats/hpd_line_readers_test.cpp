@@ -53,12 +53,9 @@ TEST(SystemLines, ConventionalIsRebuiltWithTheFileNumberInField23) {
             "SIN,Conventional,,,Federal,0,,Conventional,,,,,,None,0,0,,,0,1,400,Auto,8,007");
   EXPECT_EQ(s.name, "Federal");
   EXPECT_EQ(s.kind.type, 0);
-}
-
-TEST(SystemLines, ConventionalKeepsANumberTagAndDropsIdWords) {
-  LineReaders r(HpdLevel::V3, true, 1);
-  SystemRecord s =
-      r.conventional("Conventional,CountyId=183,StateId=6,Alameda,Off,,Conventional,12,,,,,,,,");
+  // A number tag is kept and the id words dropped.
+  LineReaders one(HpdLevel::V3, true, 1);
+  s = one.conventional("Conventional,CountyId=183,StateId=6,Alameda,Off,,Conventional,12,,,,,,,,");
   EXPECT_EQ(s.text.substr(0, 45), "SIN,Conventional,183,StateId=6,Alameda,0,,Con");
   EXPECT_EQ(record::field(s.text, 13), "12");
   EXPECT_EQ(record::field(s.text, 23), "001");
@@ -83,10 +80,7 @@ TEST(SystemLines, TrunkLabelsFollowTheTypeWord) {
   EXPECT_TRUE(n.kind.nxdn);
   EXPECT_EQ(n.kind.type, 11);
   EXPECT_EQ(record::field(n.text, 13), "None");  // an empty number tag
-}
-
-TEST(SystemLines, ANameThatReadsLikeASwitchStaysAsWritten) {
-  LineReaders r(HpdLevel::V3, true, 1);
+  // A name that reads like a switch stays as written.
   EXPECT_EQ(r.trunk("Trunk,,,On,Off,,Motorola").name, "On");
   EXPECT_EQ(r.conventional("Conventional,,,Off,Off,,Conventional").name, "Off");
 }
@@ -118,16 +112,13 @@ TEST(GroupLines, TagAndLevelOneShape) {
   EXPECT_EQ(old.group("TIN", "T-Group,,,Fire,Off,1,2,3"), "TIN,T-Group,,,Fire,Off,1,2,3,Circle");
 }
 
-TEST(BandPlanLines, FourGroupsInRecordUnits) {
+TEST(BandPlanLines, FourGroupsInRecordUnitsAndHexFleetMaps) {
   LineReaders r(HpdLevel::V3, true, 1);
   EXPECT_EQ(r.bandPlan("BandPlan_Mot,SiteId=9,851025000,854000000,25000,440,851012500,868987500,"
                        "25000,0,0,0,25000,0,0,0,6250,0,1,1,1,1,2,2,2,2"),
             "MCP,type,851.0250,854.0000,25.0,440,851.0125,868.9875,25.0,0,0.0000,0.0000,25.0,0,"
             "0.0000,0.0000,6.25,0");
-}
-
-TEST(FleetMapLines, HexBlocksWithSearchWords) {
-  LineReaders r(HpdLevel::V3, true, 1);
+  // Fleet map blocks are hexadecimal, with search words.
   EXPECT_EQ(r.fleetMap("FleetMap,TrunkId=1,4,c,SRCH,noneerr,E,0,10,zz"), "FMP,4,12,,,14,0,16,0");
 }
 

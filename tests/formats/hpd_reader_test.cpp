@@ -198,7 +198,7 @@ TEST(HpdReader, LinesWithoutAPlaceAreSkippedWithTheirReason) {
   EXPECT_EQ(r.counts.lines, 13);
 }
 
-TEST(HpdReader, StatusTextsOfALoad) {
+TEST(HpdReader, StatusTextsOfALoadAndAnEmptyFile) {
   Scratch s;
   ASSERT_TRUE(
       s.read(hpdFile({"Conventional|||A|Off||Conventional", "Conventional|||B|Off||Conventional"}))
@@ -208,15 +208,13 @@ TEST(HpdReader, StatusTextsOfALoad) {
       (std::vector<std::string>{"Opening System: 1", "Opening System: 2", "Finished Loading."}));
   EXPECT_EQ(s.feedback.statuses, (std::vector<std::string>{"Load Ok."}));
   EXPECT_TRUE(s.feedback.messages.empty());
-}
-
-TEST(HpdReader, AnEmptyFileLoadsWithoutSystems) {
+  // An empty file loads without systems.
   for (std::string_view content : {std::string_view(""), std::string_view("\r\n\r\n")}) {
-    Scratch s;
-    HpdReadResult r = s.read(content);
+    Scratch empty;
+    HpdReadResult r = empty.read(content);
     EXPECT_TRUE(r.ok());
     EXPECT_EQ(r.counts.systems, 0);
-    EXPECT_EQ(s.feedback.statuses, (std::vector<std::string>{"Load Ok."}));
+    EXPECT_EQ(empty.feedback.statuses, (std::vector<std::string>{"Load Ok."}));
   }
 }
 
