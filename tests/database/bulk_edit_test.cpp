@@ -174,30 +174,26 @@ TEST(BulkEdit, RefusalsSayTheirSentenceAndChangeNothing) {
   }
 }
 
-TEST(BulkEdit, AKeyThatLeadsNowhereChangesNothingAndIsNotCounted) {
-  BulkDoc d;
-  const int conv = d.addSystem("New Conventional System", "Conv");
-  const std::string fd = d.firstDepartment(conv, "Fire", {markedRow(1, "154.100000", 16)});
-  d.doc.changed = false;
-  BulkResult r = applyToChannels(d.doc, d.rows, {frq(fd, 2), keys::channel(conv, 55, 1), "junk"},
-                                 {{Setting::Delay, "5"}}, d.feedback);
-  EXPECT_TRUE(r.ok);
-  EXPECT_EQ(r.matched, 0);
-  EXPECT_EQ(r.changed, 0);
-  EXPECT_FALSE(d.doc.changed);
-  EXPECT_EQ(d.page(fd), std::vector<std::string>{markedRow(1, "154.100000", 16)});
-}
-
-TEST(BulkEdit, AValueEqualToTheRowsOwnIsNoChange) {
-  BulkDoc d;
-  const int conv = d.addSystem("New Conventional System", "Conv");
-  const std::string fd = d.firstDepartment(conv, "Fire", {"1,154.100000,A,Off,FM,,,Other,Off,5"});
-  d.doc.changed = false;
-  BulkResult r = applyToChannels(d.doc, d.rows, {frq(fd, 1)}, {{Setting::Delay, "5"}}, d.feedback);
-  EXPECT_TRUE(r.ok);
-  EXPECT_EQ(r.matched, 1);
-  EXPECT_EQ(r.changed, 0);
-  EXPECT_FALSE(d.doc.changed);
+// A key that leads nowhere is passed over and not counted; a value equal to the row's own is
+// matched but no change. Neither marks the document.
+TEST(BulkEdit, KeysThatLeadNowhereAndValuesAlreadyThereChangeNothing) {
+  const std::string row = "1,154.100000,A,Off,FM,,,Other,Off,5";
+  for (bool nowhere : {true, false}) {
+    SCOPED_TRACE(nowhere ? "nowhere" : "same value");
+    BulkDoc d;
+    const int conv = d.addSystem("New Conventional System", "Conv");
+    const std::string fd = d.firstDepartment(conv, "Fire", {row});
+    d.doc.changed = false;
+    const std::vector<std::string> ticked =
+        nowhere ? std::vector<std::string>{frq(fd, 2), keys::channel(conv, 55, 1), "junk"}
+                : std::vector<std::string>{frq(fd, 1)};
+    BulkResult r = applyToChannels(d.doc, d.rows, ticked, {{Setting::Delay, "5"}}, d.feedback);
+    EXPECT_TRUE(r.ok);
+    EXPECT_EQ(r.matched, nowhere ? 0 : 1);
+    EXPECT_EQ(r.changed, 0);
+    EXPECT_FALSE(d.doc.changed);
+    EXPECT_EQ(d.page(fd), std::vector<std::string>{row});
+  }
 }
 
 }  // namespace

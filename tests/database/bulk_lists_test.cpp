@@ -81,7 +81,7 @@ TEST(BulkLists, NodesOfOneSystemOrOfAll) {
   EXPECT_EQ(ems[1].systemName, "County Fire");
 }
 
-TEST(BulkLists, ChannelsCarryKeysToTheirRowsAndOnlyTheScopesKind) {
+TEST(BulkLists, ChannelsCarryKeysToTheirRowsAndOnlyTheScopesKindUnderItsHeadings) {
   Listed d;
   // A talkgroup row that strayed into a conventional department is no frequency.
   d.rows.append(d.ems, {"2,4501,Stray,Off"});
@@ -100,6 +100,10 @@ TEST(BulkLists, ChannelsCarryKeysToTheirRowsAndOnlyTheScopesKind) {
   // The key takes the row number of the line, not its position.
   EXPECT_EQ(tg[1].key, test::tid(d.law, 3));
   EXPECT_TRUE(listChannels(d.doc, d.rows, Scope::Departments, 0).empty());
+  EXPECT_EQ(channelHeadings(Scope::Frequencies),
+            (std::vector<std::string>{"#", "Frequency:", "Tag:", "Group:"}));
+  EXPECT_EQ(channelHeadings(Scope::TalkGroups),
+            (std::vector<std::string>{"#", "Talkgroup:", "Tag:", "Group:"}));
 }
 
 TEST(BulkLists, Command8TicksTheChannelsOfTheTickedDepartmentsFrequenciesFirst) {
@@ -112,13 +116,6 @@ TEST(BulkLists, Command8TicksTheChannelsOfTheTickedDepartmentsFrequenciesFirst) 
   EXPECT_EQ(channelsOfDepartments(list, {"GRP-999-001-001", "GRP-999-002-001"}),
             (std::vector<std::string>{"FRQ-002-001-0001", "FRQ-002-001-0002", "TID-001-001-0001"}));
   EXPECT_TRUE(channelsOfDepartments(list, {}).empty());
-}
-
-TEST(BulkLists, HeadingsFollowTheScope) {
-  EXPECT_EQ(channelHeadings(Scope::Frequencies),
-            (std::vector<std::string>{"#", "Frequency:", "Tag:", "Group:"}));
-  EXPECT_EQ(channelHeadings(Scope::TalkGroups),
-            (std::vector<std::string>{"#", "Talkgroup:", "Tag:", "Group:"}));
 }
 
 TEST(BulkLists, ASystemIsNamedByItsNumberOrItsName) {

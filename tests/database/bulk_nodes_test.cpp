@@ -153,7 +153,7 @@ TEST(BulkNodes, TypedLocationsAreReadClampedOrRefused) {
   }
 }
 
-TEST(BulkNodes, NothingTickedOrNothingThatTheScopeHasIsRefused) {
+TEST(BulkNodes, NothingTickedIsRefusedAndMissingNodesArePassedOver) {
   struct Case {
     Scope scope;
     bool withNode;
@@ -188,9 +188,7 @@ TEST(BulkNodes, NothingTickedOrNothingThatTheScopeHasIsRefused) {
     EXPECT_EQ(d.line(key), before);
     EXPECT_FALSE(d.doc.changed);
   }
-}
-
-TEST(BulkNodes, ManyNodesChangeTogetherAndMissingOnesArePassedOver) {
+  // Many nodes change together and missing ones are passed over.
   Nodes d;
   const std::string second = d.addDepartment(d.conv, "EMS");
   BulkResult r = applyToNodes(d.doc, Scope::Departments, {d.dept, second, "GRP-999-009-009"},

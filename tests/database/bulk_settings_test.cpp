@@ -9,7 +9,7 @@
 namespace zel::bulk {
 namespace {
 
-TEST(BulkSettings, TalkgroupsOfferAudioTypeButNoModeSquelchOrAttenuator) {
+TEST(BulkSettings, EachScopeOffersTheSettingsAndSystemsOfItsKind) {
   struct Case {
     Setting setting;
     bool frequencies;
@@ -28,6 +28,13 @@ TEST(BulkSettings, TalkgroupsOfferAudioTypeButNoModeSquelchOrAttenuator) {
     for (Scope s : {Scope::Departments, Scope::Sites, Scope::Systems})
       EXPECT_FALSE(appliesTo(c.setting, s));
   }
+  // Each scope lists the systems of its kind.
+  EXPECT_EQ(systemKindOf(Scope::TalkGroups), SystemKind::Trunked);
+  EXPECT_EQ(systemKindOf(Scope::Sites), SystemKind::Trunked);
+  EXPECT_EQ(systemKindOf(Scope::Frequencies), SystemKind::Conventional);
+  EXPECT_EQ(systemKindOf(Scope::Departments), SystemKind::Any);
+  EXPECT_EQ(scopeCaption(Scope::Frequencies), "Conv. frequencies");
+  EXPECT_EQ(scopeCaption(Scope::TalkGroups), "TalkGroups");
 }
 
 TEST(BulkSettings, CombosOfferTheFieldVocabularies) {
@@ -56,15 +63,6 @@ TEST(BulkSettings, CombosOfferTheFieldVocabularies) {
     EXPECT_EQ(words.front(), c.first);
     EXPECT_EQ(words.back(), c.last);
   }
-}
-
-TEST(BulkSettings, ScopesListTheSystemsOfTheirKind) {
-  EXPECT_EQ(systemKindOf(Scope::TalkGroups), SystemKind::Trunked);
-  EXPECT_EQ(systemKindOf(Scope::Sites), SystemKind::Trunked);
-  EXPECT_EQ(systemKindOf(Scope::Frequencies), SystemKind::Conventional);
-  EXPECT_EQ(systemKindOf(Scope::Departments), SystemKind::Any);
-  EXPECT_EQ(scopeCaption(Scope::Frequencies), "Conv. frequencies");
-  EXPECT_EQ(scopeCaption(Scope::TalkGroups), "TalkGroups");
 }
 
 TEST(BulkSettings, ChangesAreReadFromCaptionEqualsValue) {
@@ -135,12 +133,9 @@ TEST(BulkSettings, RememberedTicksAndWordsComeBackAndServiceTypeHasItsOwnKey) {
   EXPECT_EQ(back.scope, Scope::TalkGroups);
   EXPECT_EQ(back.ticked, r.ticked);
   EXPECT_EQ(back.values, r.values);
-}
-
-TEST(BulkSettings, AStoredScopeOutOfRangeFallsBackToTheFirst) {
-  MemorySettingsStore store;
+  // A stored scope out of range falls back to the first.
   store.write("bulkedit", "dbase", "9x");
-  EXPECT_EQ(loadRemembered(Settings(store)).scope, Scope::Departments);
+  EXPECT_EQ(loadRemembered(settings).scope, Scope::Departments);
 }
 
 }  // namespace
