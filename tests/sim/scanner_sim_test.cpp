@@ -136,7 +136,7 @@ TEST(ScannerSim, KeysAnswerOkAndChangeTheScan) {
   EXPECT_TRUE(s.sim->avoided(second));
 }
 
-TEST(ScannerSim, VolumeSquelchAndModes) {
+TEST(ScannerSim, VolumeSquelchModesAndQuickHold) {
   Scan s;
   EXPECT_EQ(s.sim->answer("VOL,12"), "VOL,OK\r");
   EXPECT_EQ(s.sim->answer("VOL"), "VOL,12\r");
@@ -152,17 +152,14 @@ TEST(ScannerSim, VolumeSquelchAndModes) {
   EXPECT_EQ(s.sim->answer("XYZ"), "ERR\r");
   EXPECT_EQ(s.sim->answer(""), "");
   EXPECT_EQ(s.sim->answer("MDL"), "MDL,BCD536HP\r");
-}
-
-TEST(ScannerSim, QuickHoldTunesTheFrequency) {
-  Scan s;
+  // Quick hold tunes the frequency.
   EXPECT_EQ(s.sim->answer("QSH,1544300,,,,,,,,,,,,"), "QSH,OK\r");
   EXPECT_EQ(s.sim->channel().hz, 154430000);
   EXPECT_EQ(s.sim->answer("WIN"), "WIN,1,01544300\r");
   EXPECT_EQ(s.sim->answer("QSH,0"), "QSH,NG\r");
 }
 
-TEST(ScannerSim, MenuIsAListScreenWithOneSelectedLine) {
+TEST(ScannerSim, MenuIsAListScreenWithOneSelectedLineAndToneOutShowsBothTones) {
   Scan s;
   s.sim->answer("KEY,M,P");
   s.sim->answer("KEY,>,P");
@@ -172,6 +169,13 @@ TEST(ScannerSim, MenuIsAListScreenWithOneSelectedLine) {
   EXPECT_EQ(f[5], "1");  // the second line is selected
   s.sim->answer("KEY,M,P");
   EXPECT_FALSE(s.sim->menuOpen());
+  // A tone-out page shows both tones.
+  s.sim->answer("JPM,FTO_MODE,");
+  s.to(3100);
+  f = fields(s.sim->answer("STS"));
+  EXPECT_EQ(f[6].substr(0, 8), "Tone-Out");
+  EXPECT_EQ(f[10].substr(0, 3), "A :");
+  EXPECT_EQ(f[12].substr(0, 3), "B :");
 }
 
 TEST(ScannerSim, ACloseCallHitWaitsForEnter) {
@@ -189,16 +193,6 @@ TEST(ScannerSim, ACloseCallHitWaitsForEnter) {
   EXPECT_EQ(s.sim->answer("STS").find("CC Found!"), std::string::npos);
   s.to(t + 3100);
   EXPECT_EQ(s.sim->mode(), SimMode::Scan);
-}
-
-TEST(ScannerSim, ToneOutPagesShowBothTones) {
-  Scan s;
-  s.sim->answer("JPM,FTO_MODE,");
-  s.to(3100);
-  auto f = fields(s.sim->answer("STS"));
-  EXPECT_EQ(f[6].substr(0, 8), "Tone-Out");
-  EXPECT_EQ(f[10].substr(0, 3), "A :");
-  EXPECT_EQ(f[12].substr(0, 3), "B :");
 }
 
 TEST(ScannerSim, CustomSearchStreamsOneLineAStepAndWraps) {
