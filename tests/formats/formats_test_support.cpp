@@ -1,7 +1,5 @@
 #include "formats_test_support.h"
 
-#include <stdlib.h>
-
 #include <fstream>
 #include <sstream>
 
@@ -9,26 +7,6 @@
 #include "formats/text_file.h"
 
 namespace zel::formats::test {
-
-namespace fs = std::filesystem;
-
-TempDir::TempDir() {
-  // Page files are many small files: a memory file system keeps the tests quick.
-  std::error_code ec;
-  fs::path base =
-      fs::is_directory("/dev/shm", ec) ? fs::path("/dev/shm") : fs::temp_directory_path();
-  std::string pattern = (base / "zel-formats-test-XXXXXX").string();
-  if (char* made = mkdtemp(pattern.data())) path_ = made;
-}
-
-TempDir::~TempDir() {
-  std::error_code ec;
-  if (!path_.empty()) fs::remove_all(path_, ec);
-}
-
-std::string TempDir::file(std::string_view name) const {
-  return (fs::path(path_) / std::string(name)).string();
-}
 
 HpdReadResult Scratch::read(std::string_view content, HpdReadOptions options) {
   return readHpdText(doc, pages, content, dir.file("list.hpd"), options, feedback);

@@ -13,21 +13,11 @@
 #include "core/page_files.h"
 #include "formats/hpd_reader.h"
 #include "formats/hpd_writer.h"
+#include "test_folder.h"
 
 namespace zel::formats::test {
 
-class TempDir {
- public:
-  TempDir();
-  ~TempDir();
-  TempDir(const TempDir&) = delete;
-  TempDir& operator=(const TempDir&) = delete;
-  const std::string& path() const { return path_; }
-  std::string file(std::string_view name) const;
-
- private:
-  std::string path_;
-};
+using TempDir = TestFolder;
 
 // A document as a session holds it, with its own page folder.
 struct Scratch {
