@@ -2,6 +2,7 @@
 // are many small files: a memory file system, where there is one, keeps the tests quick.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <random>
 #include <string>
@@ -13,9 +14,13 @@ class TestFolder {
   TestFolder() {
     std::random_device rd;
     std::error_code ec;
-    const std::filesystem::path base = std::filesystem::is_directory("/dev/shm", ec)
-                                           ? std::filesystem::path("/dev/shm")
-                                           : std::filesystem::temp_directory_path();
+    // The memory file system is faster, but a container often gives it only 64 MB: it is
+    // used only when it has room for the largest state files' pages several times over.
+    constexpr std::uintmax_t kRoomNeeded = 1024ull * 1024 * 1024;
+    const bool roomy = std::filesystem::is_directory("/dev/shm", ec) &&
+                       std::filesystem::space("/dev/shm", ec).available >= kRoomNeeded && !ec;
+    const std::filesystem::path base =
+        roomy ? std::filesystem::path("/dev/shm") : std::filesystem::temp_directory_path();
     path_ = base / ("zel-test-" + std::to_string(rd()) + "-" + std::to_string(rd()));
     std::filesystem::create_directories(path_);
   }
