@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/cmd_hpd_common.h"
 #include "cli/command_registry.h"
 #include "core/document.h"
 #include "core/memory_ports.h"
@@ -39,11 +40,7 @@ std::pair<std::string, std::string> splitRename(const std::string& text) {
 void runBanknames(const BanknamesArgs& args) {
   Document doc;
   formats::MemoryRows rows;
-  RecordingFeedback quiet;
-  formats::HpdReadOptions readOptions;
-  readOptions.fileIndex = 1;
-  formats::HpdReadResult read = formats::readHpd(doc, rows, args.in, readOptions, quiet);
-  if (!read.ok()) throw cli::UserError{read.message};
+  cli::readHpdOrFail(doc, rows, args.in);
   const std::vector<banks::BankName> names = banks::list(doc.data);
 
   if (args.renames.empty()) {
@@ -69,10 +66,7 @@ void runBanknames(const BanknamesArgs& args) {
   banks::RenameResult renamed = banks::rename(doc, byKey);
   if (!renamed.error.empty()) throw cli::UserError{renamed.error};
 
-  formats::HpdWriteOptions writeOptions;
-  writeOptions.fileIndex = 1;
-  formats::HpdWriteResult written = formats::writeHpd(doc, rows, args.out, writeOptions, quiet);
-  if (!written.ok()) throw cli::UserError{written.message};
+  formats::HpdWriteResult written = cli::writeHpdOrFail(doc, rows, args.out);
   std::cout << "Renamed " << renamed.renamed
             << (renamed.renamed == 1 ? " department" : " departments") << "; wrote " << written.path
             << "\n";
@@ -82,13 +76,7 @@ void runBanknames(const BanknamesArgs& args) {
 
 ZEL_COMMAND(32) {
   (void)context;
-  CLI::App* hpd = nullptr;
-  for (auto* sub : app.get_subcommands([](CLI::App* a) { return a->get_name() == "hpd"; }))
-    hpd = sub;
-  if (!hpd) {
-    hpd = app.add_subcommand("hpd", "Favorites files (.hpd)");
-    hpd->require_subcommand(1);
-  }
+  CLI::App* hpd = cli::hpdNoun(app);
   auto args = std::make_shared<BanknamesArgs>();
   auto* cmd =
       hpd->add_subcommand("banknames", "List or rename the departments of a favorites file");

@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/cmd_hpd_common.h"
 #include "cli/command_registry.h"
 #include "core/document.h"
 #include "core/memory_ports.h"
@@ -84,11 +85,7 @@ void runBulkSet(const BulkSetArgs& args) {
 
   Document doc;
   formats::MemoryRows rows;
-  RecordingFeedback quiet;
-  formats::HpdReadOptions readOptions;
-  readOptions.fileIndex = 1;
-  formats::HpdReadResult read = formats::readHpd(doc, rows, args.in, readOptions, quiet);
-  if (!read.ok()) throw cli::UserError{read.message};
+  cli::readHpdOrFail(doc, rows, args.in);
 
   int system = 0;
   if (!args.system.empty()) {
@@ -107,13 +104,11 @@ void runBulkSet(const BulkSetArgs& args) {
   if (ticked.empty())
     throw cli::UserError{std::string("The chosen departments hold no ") + rowWord + "."};
 
+  RecordingFeedback quiet;
   bulk::BulkResult result = bulk::applyToChannels(doc, rows, ticked, changes, quiet);
   if (!result.ok) throw cli::UserError{result.message};
 
-  formats::HpdWriteOptions writeOptions;
-  writeOptions.fileIndex = 1;
-  formats::HpdWriteResult written = formats::writeHpd(doc, rows, args.out, writeOptions, quiet);
-  if (!written.ok()) throw cli::UserError{written.message};
+  formats::HpdWriteResult written = cli::writeHpdOrFail(doc, rows, args.out);
 
   if (args.json) {
     std::cout << "{\"file\":\"" << jsonText(written.path) << "\",\"scope\":\"" << rowWord
@@ -131,13 +126,7 @@ void runBulkSet(const BulkSetArgs& args) {
 
 ZEL_COMMAND(31) {
   (void)context;
-  CLI::App* hpd = nullptr;
-  for (auto* sub : app.get_subcommands([](CLI::App* a) { return a->get_name() == "hpd"; }))
-    hpd = sub;
-  if (!hpd) {
-    hpd = app.add_subcommand("hpd", "Favorites files (.hpd)");
-    hpd->require_subcommand(1);
-  }
+  CLI::App* hpd = cli::hpdNoun(app);
   auto args = std::make_shared<BulkSetArgs>();
   auto* cmd = hpd->add_subcommand(
       "bulk-set", "Set one or more channel settings on many talkgroups or frequencies at once");

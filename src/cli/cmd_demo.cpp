@@ -22,11 +22,13 @@ void printTree(const zel::DocumentTree& tree, zel::NodeId node, int depth) {
 }  // namespace
 
 ZEL_COMMAND(90) {
-  auto* cmd = app.add_subcommand("demo", "Show the embedded demo favorites list (no window needed)");
+  auto* cmd =
+      app.add_subcommand("demo", "Show the embedded demo favorites list (no window needed)");
   cmd->callback([&context] {
     namespace fs = std::filesystem;
     const bool scratch = context.dataDir.empty();
-    const fs::path folder = scratch ? fs::temp_directory_path() / "zel-demo" : fs::path(context.dataDir);
+    const fs::path folder =
+        scratch ? fs::temp_directory_path() / "zel-demo" : fs::path(context.dataDir);
     zel::MemorySettingsStore settings;
     zel::StreamFeedback feedback;
     zel::SystemClock clock;

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+#include "cli/cmd_hpd_common.h"
 #include "cli/command_registry.h"
 #include "core/document.h"
 #include "core/memory_ports.h"
@@ -22,21 +23,42 @@ namespace {
 using namespace zel;
 using namespace zel::formats;
 
-HpdReadResult readOrFail(Document& doc, RowStore& rows, const std::string& path) {
+}  // namespace
+
+namespace zel::cli {
+
+CLI::App* hpdNoun(CLI::App& app) {
+  for (CLI::App* sub : app.get_subcommands([](CLI::App* a) { return a->get_name() == "hpd"; })) {
+    return sub;
+  }
+  CLI::App* hpd = app.add_subcommand("hpd", "Favorites files (.hpd): info, convert, check, ...");
+  hpd->require_subcommand(1);
+  return hpd;
+}
+
+HpdReadResult readHpdOrFail(Document& doc, MemoryRows& rows, const std::string& path) {
   RecordingFeedback quiet;
   HpdReadOptions options;
   options.fileIndex = 1;
   HpdReadResult read = readHpd(doc, rows, path, options, quiet);
-  if (!read.ok()) throw cli::UserError{read.message};
+  if (!read.ok()) throw UserError{read.message};
   return read;
 }
 
-}  // namespace
+HpdWriteResult writeHpdOrFail(Document& doc, MemoryRows& rows, const std::string& path) {
+  RecordingFeedback quiet;
+  HpdWriteOptions options;
+  options.fileIndex = 1;
+  HpdWriteResult written = writeHpd(doc, rows, path, options, quiet);
+  if (!written.ok()) throw UserError{written.message};
+  return written;
+}
+
+}  // namespace zel::cli
 
 ZEL_COMMAND(30) {
   (void)context;
-  auto* hpd = app.add_subcommand("hpd", "Favorites files (.hpd): info, convert, check");
-  hpd->require_subcommand(1);
+  CLI::App* hpd = cli::hpdNoun(app);
 
   struct InfoArgs {
     std::string file;
@@ -49,7 +71,7 @@ ZEL_COMMAND(30) {
   infoCmd->callback([info] {
     Document doc;
     MemoryRows rows;
-    HpdReadResult read = readOrFail(doc, rows, info->file);
+    HpdReadResult read = cli::readHpdOrFail(doc, rows, info->file);
     std::vector<HpdSystemInfo> systems = systemsRead(doc, read);
     std::cout << (info->json ? formatInfoJson(info->file, read, systems)
                              : formatInfo(info->file, read, systems));
@@ -67,7 +89,7 @@ ZEL_COMMAND(30) {
   convertCmd->callback([convert] {
     Document doc;
     MemoryRows rows;
-    readOrFail(doc, rows, convert->in);
+    cli::readHpdOrFail(doc, rows, convert->in);
     RecordingFeedback quiet;
     HpdWriteOptions options;
     options.fileIndex = 1;

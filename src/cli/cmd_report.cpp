@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "cli/cmd_hpd_common.h"
 #include "cli/command_registry.h"
 #include "core/document.h"
 #include "core/keys.h"
@@ -26,11 +27,7 @@ struct ReportArgs {
 void runReport(const ReportArgs& args) {
   Document doc;
   formats::MemoryRows rows;
-  RecordingFeedback quiet;
-  formats::HpdReadOptions options;
-  options.fileIndex = 1;
-  formats::HpdReadResult read = formats::readHpd(doc, rows, args.in, options, quiet);
-  if (!read.ok()) throw cli::UserError{read.message};
+  cli::readHpdOrFail(doc, rows, args.in);
   if (args.system != 0 && !doc.data.contains(keys::system(args.system))) {
     throw cli::UserError{"No system " + std::to_string(args.system) + " in " + args.in + "."};
   }
@@ -52,13 +49,7 @@ void runReport(const ReportArgs& args) {
 
 ZEL_COMMAND(33) {
   (void)context;
-  CLI::App* hpd = nullptr;
-  for (auto* sub : app.get_subcommands([](CLI::App* a) { return a->get_name() == "hpd"; }))
-    hpd = sub;
-  if (!hpd) {
-    hpd = app.add_subcommand("hpd", "Favorites files (.hpd)");
-    hpd->require_subcommand(1);
-  }
+  CLI::App* hpd = cli::hpdNoun(app);
   auto args = std::make_shared<ReportArgs>();
   auto* cmd = hpd->add_subcommand("report", "The printed form of a favorites file, as HTML");
   cmd->add_option("FILE", args->in, "The .hpd file to read")->required();
