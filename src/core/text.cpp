@@ -46,7 +46,9 @@ std::string_view trimView(std::string_view text) {
   return text;
 }
 
-std::string trim(std::string_view text) { return std::string(trimView(text)); }
+std::string trim(std::string_view text) {
+  return std::string(trimView(text));
+}
 
 std::string toUpper(std::string_view text) {
   std::string out(text);
@@ -182,6 +184,30 @@ std::string formatFixed(double value, int decimals) {
 std::string_view mid(std::string_view text, std::size_t start1, std::size_t length) {
   if (start1 == 0 || start1 > text.size()) return {};
   return text.substr(start1 - 1, length);
+}
+
+std::string markupEscape(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (char c : text) {
+    switch (c) {
+      case '&':
+        out += "&amp;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
+      case '"':
+        out += "&quot;";
+        break;
+      default:
+        out.push_back(c);
+    }
+  }
+  return out;
 }
 
 }  // namespace zel

@@ -21,6 +21,8 @@ bool iequals(std::string_view a, std::string_view b);
 bool startsWith(std::string_view text, std::string_view prefix);
 bool endsWith(std::string_view text, std::string_view suffix);
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to);
+// Text for an XML or HTML attribute or element: "&", "<", ">" and '"' as entities.
+std::string markupEscape(std::string_view text);
 
 // Reads the leading number of a text the way a lenient BASIC `Val` does: leading blanks
 // skipped, an optional sign, digits, one "." and more digits; anything else ends the

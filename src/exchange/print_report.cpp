@@ -54,9 +54,9 @@ void appendSites(std::string& out, const DocumentTree& data, NodeId system) {
     for (NodeId f = data.child(site); f != kNoNode; f = data.next(f)) {
       if (startsWith(data.key(f), "TFQ-")) frequencies.push_back(record::field(data.text(f), 1));
     }
-    out += "<p class=site>Site: " + htmlEscape(record::field(data.text(site), 4));
+    out += "<p class=site>Site: " + markupEscape(record::field(data.text(site), 4));
     for (std::size_t i = 0; i < frequencies.size(); ++i) {
-      out += (i == 0 ? ": " : ", ") + htmlEscape(frequencies[i]);
+      out += (i == 0 ? ": " : ", ") + markupEscape(frequencies[i]);
     }
     out += "</p>\n";
   }
@@ -65,14 +65,14 @@ void appendSites(std::string& out, const DocumentTree& data, NodeId system) {
 void appendDepartment(std::string& out, const DocumentTree& data, NodeId department,
                       const formats::RowStore& rows, const std::vector<Column>& columns) {
   const std::string& key = data.key(department);
-  out += "<h3>" + htmlEscape(record::field(data.text(department), 4)) + "</h3>\n";
+  out += "<h3>" + markupEscape(record::field(data.text(department), 4)) + "</h3>\n";
   std::string body;
   int count = 0;
   rows.visit(key, [&](std::string_view row) {
     ++count;
     body += "<tr>";
     for (const Column& c : columns)
-      body += "<td>" + htmlEscape(record::field(row, c.field)) + "</td>";
+      body += "<td>" + markupEscape(record::field(row, c.field)) + "</td>";
     body += "</tr>\n";
   });
   if (count == 0) {
@@ -80,35 +80,11 @@ void appendDepartment(std::string& out, const DocumentTree& data, NodeId departm
     return;
   }
   out += "<table><tr>";
-  for (const Column& c : columns) out += "<th>" + htmlEscape(c.heading) + "</th>";
+  for (const Column& c : columns) out += "<th>" + markupEscape(c.heading) + "</th>";
   out += "</tr>\n" + body + "</table>\n";
 }
 
 }  // namespace
-
-std::string htmlEscape(std::string_view text) {
-  std::string out;
-  out.reserve(text.size());
-  for (char c : text) {
-    switch (c) {
-      case '&':
-        out += "&amp;";
-        break;
-      case '<':
-        out += "&lt;";
-        break;
-      case '>':
-        out += "&gt;";
-        break;
-      case '"':
-        out += "&quot;";
-        break;
-      default:
-        out.push_back(c);
-    }
-  }
-  return out;
-}
 
 std::string favoritesReport(const Document& doc, const formats::RowStore& rows,
                             const ReportOptions& options) {
@@ -119,15 +95,15 @@ std::string favoritesReport(const Document& doc, const formats::RowStore& rows,
   std::string out =
       "<html><head><meta http-equiv=\"Content-Type\" content=\"text/html; charset=iso-8859-1\">"
       "<title>" +
-      htmlEscape(title) + "</title><style>" + kStyle + "</style></head><body>\n<h1>" +
-      htmlEscape(title) + "</h1>\n";
+      markupEscape(title) + "</title><style>" + kStyle + "</style></head><body>\n<h1>" +
+      markupEscape(title) + "</h1>\n";
   const DocumentTree& data = doc.data;
   for (NodeId system : treemod::walkSystems(data)) {
     if (options.system != 0 && keys::numberAt(data.key(system), 5) != options.system) continue;
     const std::string& line = data.text(system);
     const bool trunked = record::field(line, 1) != "Conventional";
-    out += "<h2>" + htmlEscape(record::field(line, 4)) + "</h2>\n<p class=kind>" +
-           htmlEscape(record::field(line, 1)) + "</p>\n";
+    out += "<h2>" + markupEscape(record::field(line, 4)) + "</h2>\n<p class=kind>" +
+           markupEscape(record::field(line, 1)) + "</p>\n";
     if (trunked) appendSites(out, data, system);
     for (NodeId d = data.child(system); d != kNoNode; d = data.next(d)) {
       if (startsWith(data.key(d), "GRP-")) {

@@ -25,7 +25,4 @@ struct ReportOptions {
 std::string favoritesReport(const Document& doc, const formats::RowStore& rows,
                             const ReportOptions& options);
 
-// "&", "<", ">" and '"' as HTML entities.
-std::string htmlEscape(std::string_view text);
-
 }  // namespace zel::exchange

@@ -18,29 +18,6 @@ namespace zel::sim {
 
 namespace {
 
-std::string escape(std::string_view text) {
-  std::string out;
-  for (char c : text) {
-    switch (c) {
-      case '&':
-        out += "&amp;";
-        break;
-      case '"':
-        out += "&quot;";
-        break;
-      case '<':
-        out += "&lt;";
-        break;
-      case '>':
-        out += "&gt;";
-        break;
-      default:
-        out += c;
-    }
-  }
-  return out;
-}
-
 std::string mhz6(long long hz) {
   long long whole = hz / 1000000, frac = hz % 1000000;
   std::string w = std::to_string(whole);
@@ -89,38 +66,40 @@ std::string ScannerSim::infoReply() const {
         "148.000000MHz\" Span=\"4.000000MHz\" Step=\"12.5kHz\" Mod=\"NFM\" />");
     x.line("  <WaterfallSettings MF=\" 146.000000MHz\" Gain=\"0\" />");
   } else {
-    x.line("  <MonitorList Name=\"" + escape(options_.list.name) +
+    x.line("  <MonitorList Name=\"" + markupEscape(options_.list.name) +
            "\" Index=\"0\" ListType=\"FL\" Q_Key=\"1\" N_Tag=\"None\" DB_Counter=\"0\" />");
-    x.line("  <System Name=\"" + escape(c.system) + "\" Index=\"" +
+    x.line("  <System Name=\"" + markupEscape(c.system) + "\" Index=\"" +
            std::to_string(100 + current_ / 4) + "\" Avoid=\"Off\" SystemType=\"" +
-           escape(c.systemType) + "\" Q_Key=\"None\" N_Tag=\"None\" Hold=\"" +
+           markupEscape(c.systemType) + "\" Q_Key=\"None\" N_Tag=\"None\" Hold=\"" +
            (holdSystem_ ? "On" : "Off") + "\" />");
-    x.line("  <Department Name=\"" + escape(c.department) + "\" Index=\"" +
+    x.line("  <Department Name=\"" + markupEscape(c.department) + "\" Index=\"" +
            std::to_string(200 + current_ / 2) + "\" Avoid=\"Off\" Q_Key=\"None\" Hold=\"" +
            (holdDepartment_ ? "On" : "Off") + "\" />");
     const std::string avoid = avoided_.count(current_) ? "On" : "Off";
     const std::string hold = holdChannel_ ? "On" : "Off";
     if (c.trunked) {
-      x.line("  <Site Name=\"" + escape(c.siteName) + "\" Index=\"" + std::to_string(c.siteIndex) +
+      x.line("  <Site Name=\"" + markupEscape(c.siteName) + "\" Index=\"" +
+             std::to_string(c.siteIndex) +
              "\" Avoid=\"Off\" Q_Key=\"None\" Hold=\"Off\" Mod=\"NFM\" />");
-      x.line("  <TGID Name=\"" + escape(c.name) + "\" Index=\"" + std::to_string(1000 + current_) +
-             "\" Avoid=\"" + avoid + "\" TGID=\"" + (shown ? c.tgid : "TGID None") +
+      x.line("  <TGID Name=\"" + markupEscape(c.name) + "\" Index=\"" +
+             std::to_string(1000 + current_) + "\" Avoid=\"" + avoid + "\" TGID=\"" +
+             (shown ? c.tgid : "TGID None") +
              "\" SetSlot=\"Any\" RecSlot=\"Slot 1\" N_Tag=\"None\" Hold=\"" + hold +
-             "\" SvcType=\"" + escape(c.serviceType) + "\" P_Ch=\"Off\" LVL=\"0\" />");
+             "\" SvcType=\"" + markupEscape(c.serviceType) + "\" P_Ch=\"Off\" LVL=\"0\" />");
       if (rx && !uid_.empty()) {
         std::string name = "UID " + uid_;
         for (const auto& u : c.units)
           if (u.id == uid_) name = u.name;
-        x.line("  <UnitID Name=\"" + escape(name) + "\" U_Id=\"" + uid_ + "\" />");
+        x.line("  <UnitID Name=\"" + markupEscape(name) + "\" U_Id=\"" + uid_ + "\" />");
       }
       x.line("  <SiteFrequency Freq=\"" + mhz6(c.hz) + "\" IFX=\"Off\" SAS=\"All\" SAD=\"" + c.nac +
              "\" />");
     } else {
       std::string sad = rx && !c.toneValue.empty() ? c.toneValue : "None";
-      x.line("  <ConvFrequency Name=\"" + escape(c.name) + "\" Index=\"" +
+      x.line("  <ConvFrequency Name=\"" + markupEscape(c.name) + "\" Index=\"" +
              std::to_string(1000 + current_) + "\" Avoid=\"" + avoid + "\" Freq=\"" + mhz6(c.hz) +
              "\" Mod=\"" + c.modulation + "\" N_Tag=\"None\" Hold=\"" + hold + "\" SvcType=\"" +
-             escape(c.serviceType) + "\" P_Ch=\"Off\" SAS=\"" +
+             markupEscape(c.serviceType) + "\" P_Ch=\"Off\" SAS=\"" +
              (c.toneValue.empty() ? "All" : c.toneValue) + "\" SAD=\"" + sad +
              "\" RecSlot=\"Slot None\" LVL=\"0\" IFX=\"Off\" TGID=\"TGID None\" U_Id=\"UID None\" "
              "/>");
@@ -154,8 +133,9 @@ std::string ScannerSim::siteReport() {
     if (!c.trunked) continue;
     if (slot < active) {
       x.line("  <CurrentActivity No=\"" + std::to_string(slot) + "\" Lcn=\"" +
-             std::to_string(slot + 1) + "\" TGID=\"" + c.tgid + "\" Name=\"" + escape(c.name) +
-             "\" UID=\"" + (c.units.empty() ? std::string() : c.units[0].id) + "\" Freq=\"" +
+             std::to_string(slot + 1) + "\" TGID=\"" + c.tgid + "\" Name=\"" +
+             markupEscape(c.name) + "\" UID=\"" +
+             (c.units.empty() ? std::string() : c.units[0].id) + "\" Freq=\"" +
              mhz6(c.hz + slot * 12500) + "\" Site=\"" + std::to_string(siteIndex_) + "\" />");
     } else {
       x.line("  <CurrentActivity No=\"" + std::to_string(slot) + "\" />");
