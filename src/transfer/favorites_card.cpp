@@ -93,16 +93,21 @@ StepStatus FavoritesCard::writeConfigIn(CardTransaction& tx,
   return tx.write(paths_.config, formatFavoritesConfig(rows, tag_));
 }
 
-StepStatus FavoritesCard::writeConfig() {
+StepStatus FavoritesCard::replaceRows(std::vector<FavoritesRow> rows) {
   CardTransaction tx;
-  auto st = writeConfigIn(tx, rows_);
+  auto st = writeConfigIn(tx, rows);
   if (!st.ok) {
     tx.rollback();
     return st;
   }
   tx.commit();
+  rows_ = std::move(rows);
   viewChanged_ = false;
   return {};
+}
+
+StepStatus FavoritesCard::writeConfig() {
+  return replaceRows(rows_);
 }
 
 SaveOutcome FavoritesCard::saveList(std::string_view hpdText, std::string name,
@@ -192,16 +197,7 @@ StepStatus FavoritesCard::reorder(const std::vector<int>& numbers) {
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     if (!taken[i]) rows.push_back(rows_[i]);
   }
-  CardTransaction tx;
-  auto st = writeConfigIn(tx, rows);
-  if (!st.ok) {
-    tx.rollback();
-    return st;
-  }
-  tx.commit();
-  rows_ = std::move(rows);
-  viewChanged_ = false;
-  return {};
+  return replaceRows(std::move(rows));
 }
 
 std::vector<FavoritesRow> withQuickKeys(std::vector<FavoritesRow> rows, QuickKeyCommand command) {
@@ -240,16 +236,7 @@ std::vector<FavoritesRow> withQuickKeys(std::vector<FavoritesRow> rows, QuickKey
 
 StepStatus FavoritesCard::quickKeys(QuickKeyCommand command) {
   auto rows = withQuickKeys(rows_, command);
-  CardTransaction tx;
-  auto st = writeConfigIn(tx, rows);
-  if (!st.ok) {
-    tx.rollback();
-    return st;
-  }
-  tx.commit();
-  rows_ = std::move(rows);
-  viewChanged_ = false;
-  return {};
+  return replaceRows(std::move(rows));
 }
 
 std::vector<std::string> FavoritesCard::orphans() const {

@@ -110,6 +110,8 @@ class FavoritesCard {
 
  private:
   StepStatus writeConfigIn(CardTransaction& tx, const std::vector<FavoritesRow>& rows);
+  // Writes `rows` as the configuration (backup first) and, when that held, makes them the view.
+  StepStatus replaceRows(std::vector<FavoritesRow> rows);
 
   CardState card_;
   CardPaths paths_;
