@@ -2,6 +2,10 @@
 PRESET ?= default
 BUILD  := build
 JOBS   ?= $(shell nproc 2>/dev/null || echo 2)
+# A compiler cache makes a second build of the same sources (another clone, a clean build)
+# take seconds; paths below the checkout's parent folder are hashed relative to it.
+CCACHE := $(shell command -v ccache 2>/dev/null)
+export CCACHE_BASEDIR ?= $(abspath $(CURDIR)/..)
 
 .PHONY: all deps configure build run test bench format clean
 
@@ -11,10 +15,10 @@ deps:
 	@scripts/install-deps
 
 $(BUILD)/build.ninja $(BUILD)/Makefile:
-	@cmake --preset $(PRESET) >/dev/null
+	@cmake --preset $(PRESET) $(if $(CCACHE),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache) >/dev/null
 
 configure: deps
-	@cmake --preset $(PRESET)
+	@cmake --preset $(PRESET) $(if $(CCACHE),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 
 build: deps $(BUILD)/build.ninja
 	@cmake --build $(BUILD) -j $(JOBS)
