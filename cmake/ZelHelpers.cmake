@@ -12,6 +12,14 @@ function(zel_library name)
   target_compile_options(zel_${name} PRIVATE -Wall -Wextra)
 endfunction()
 
+# Test programs are built for speed of building: test code is not optimised (the libraries
+# under test are) and the test framework's headers are precompiled once a program.
+function(zel_test_program_speedups target)
+  target_compile_options(${target} PRIVATE -O0)
+  target_precompile_headers(${target} PRIVATE <gtest/gtest.h> <gmock/gmock.h> <filesystem>
+                            <fstream> <map> <memory> <sstream> <string> <vector>)
+endfunction()
+
 # zel_test_folder(LIB DEPS lib...): one GoogleTest program from every *_test.cpp in the
 # calling folder; *_realdata_test.cpp files form a second program labelled "realdata",
 # registered only when the shared corpus is present.
@@ -30,6 +38,7 @@ function(zel_test_folder name)
     target_include_directories(${name}_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR}/src)
     target_compile_definitions(${name}_tests PRIVATE ZEL_BIN_DIR="${CMAKE_BINARY_DIR}/bin"
                                                    ZEL_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+    zel_test_program_speedups(${name}_tests)
     gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST PROPERTIES LABELS unit)
   endif()
   if(_real AND ZEL_HAVE_REALDATA)
@@ -39,6 +48,7 @@ function(zel_test_folder name)
     target_compile_definitions(${name}_realdata_tests PRIVATE ZEL_REALDATA_DIR="${ZEL_REALDATA_DIR}"
                                                             ZEL_BIN_DIR="${CMAKE_BINARY_DIR}/bin"
                                                             ZEL_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+    zel_test_program_speedups(${name}_realdata_tests)
     gtest_discover_tests(${name}_realdata_tests DISCOVERY_MODE PRE_TEST PROPERTIES LABELS realdata)
   endif()
 endfunction()
