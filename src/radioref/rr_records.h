@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace radioref {
+namespace zel::radioref {
 
 struct RRUserData {
     std::string username;
@@ -232,4 +232,4 @@ struct RRZipcode {
     int stid = 0, ctid = 0;
 };
 
-}  // namespace radioref
+}  // namespace zel::radioref
