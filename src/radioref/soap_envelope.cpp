@@ -1,6 +1,7 @@
 #include "radioref/soap_envelope.h"
 
 #include <cstring>
+#include <exception>
 #include <pugixml.hpp>
 
 #include "radioref/xml_text.h"
@@ -154,6 +155,18 @@ std::string SoapEnvelope::Serialize() const {
 }
 
 SoapParseResult SoapEnvelope::Parse(std::string_view text, std::string_view encoding) {
+  try {
+    return parseReply(text, encoding);
+  } catch (const std::exception& e) {
+    parameters_.clear();
+    fault_ = false;
+    SoapParseResult result;
+    result.error = std::string("The reply could not be read: ") + e.what();
+    return result;
+  }
+}
+
+SoapParseResult SoapEnvelope::parseReply(std::string_view text, std::string_view encoding) {
   parameters_.clear();
   fault_ = false;
   faultText_ = {};

@@ -3,7 +3,8 @@
 //
 //   <?xml version="1.0" encoding="UTF-8"?>
 //   <SOAP-ENV:Envelope xmlns:SOAP-ENV=... xmlns:SOAP-ENC=... xmlns:xsi=... xmlns:xsd=...
-//       xmlns:tns="TYPE NAMESPACE" SOAP-ENV:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">
+//       xmlns:tns="TYPE NAMESPACE"
+//       SOAP-ENV:encodingStyle="http://schemas.xmlsoap.org/soap/encoding/">
 //     <SOAP-ENV:Body>
 //       <ns1:METHOD xmlns:ns1="METHOD NAMESPACE">
 //         <sid xsi:type="xsd:int">6673</sid>
@@ -59,6 +60,8 @@ class SoapEnvelope {
   const std::string& methodNamespace() const { return methodNamespace_; }
 
  private:
+  SoapParseResult parseReply(std::string_view text, std::string_view encoding);
+
   std::string methodName_;
   std::string methodNamespace_;
   std::string typeNamespace_;
