@@ -78,6 +78,7 @@ struct RRSubcat {
     int scid = 0;
     std::string scName;
     double lat = 0, lon = 0, range = 0;
+    std::vector<int> sids;  // the trunked systems the subcategory points to
 };
 
 struct RRCategory {
@@ -180,6 +181,7 @@ struct RRBandPlan {
 
 struct RRSysId {
     std::string sysid, wacn, ct;
+    std::string model;  // "L" on DMR and NXDN systems
 };
 
 struct RRSystemDetails {
@@ -210,9 +212,12 @@ struct RRSite {
     int sid = 0;
     int siteNumber = 0;
     std::string siteDescr;
+    int zoneNumber = 0;
+    std::string zoneDescr;
+    int rfss = 0;
     std::string siteNeighbors;
     std::string siteLocation;
-    std::vector<std::string> siteCtid;  // siteCt
+    std::vector<std::string> siteCtid;  // the county ids (one, as the service now sends it)
     std::string siteModulation;
     std::string siteNotes;
     double lat = 0, lon = 0, range = 0;
@@ -220,6 +225,7 @@ struct RRSite {
     std::string nac;
     int rebanded = 0;  // non-zero on the rebanded plan
     int splinter = 0;  // non-zero for a splinter site
+    int tdma_cc = 0;   // non-zero for a TDMA control channel
     std::vector<std::string> siteLicenses;
     std::vector<RRBandPlan> bandplan;
     std::vector<RRSiteFreq> siteFreqs;
