@@ -35,7 +35,7 @@ pugi::xml_node childByLocalName(pugi::xml_node parent, std::string_view name) {
 // One element of the reply as a node: xsi:type, xsi:nil and SOAP-ENC:arrayType are read by
 // their local names, so that any prefix the service binds to them serves.
 bool readNode(pugi::xml_node element, SoapNode& node, int depth) {
-  node.setName(localName(element.name()));
+  node.setName(utf8ToLatin1(localName(element.name())));
   bool array = false;
   for (pugi::xml_attribute a = element.first_attribute(); a; a = a.next_attribute()) {
     if (!hasPrefix(a.name())) continue;
@@ -56,6 +56,7 @@ bool readNode(pugi::xml_node element, SoapNode& node, int depth) {
     if (c.type() == pugi::node_element) ++elements;
   }
   if (elements == 0 && !array) {
+    if (node.IsNull()) return true;  // a nil node has no text
     std::string text;
     for (pugi::xml_node c = element.first_child(); c; c = c.next_sibling()) {
       if (c.type() == pugi::node_pcdata || c.type() == pugi::node_cdata) {
@@ -97,8 +98,9 @@ std::string arrayItemType(const SoapNode& node) {
 }
 
 void writeNode(std::string& out, const SoapNode& node) {
+  const std::string name = latin1ToUtf8(node.Name());
   out += '<';
-  out += node.Name();
+  out += name;
   if (node.IsArray()) {
     appendAttribute(out, "xsi:type", "SOAP-ENC:Array");
     appendAttribute(out, "SOAP-ENC:arrayType",
@@ -109,7 +111,7 @@ void writeNode(std::string& out, const SoapNode& node) {
   }
   const bool nested =
       node.IsArray() || node.kind() == SoapNode::Kind::Structure || !node.Nodes().empty();
-  if (node.IsNull() || (nested ? node.Nodes().empty() : node.Value().empty())) {
+  if (nested ? node.Nodes().empty() : node.Value().empty()) {
     out += "/>";
     return;
   }
@@ -120,7 +122,7 @@ void writeNode(std::string& out, const SoapNode& node) {
     out += xmlEscape(latin1ToUtf8(node.Value()));
   }
   out += "</";
-  out += node.Name();
+  out += name;
   out += '>';
 }
 

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zel::radioref {
@@ -26,12 +27,13 @@ class SoapNodes {
   // The first child of that local name, or nullptr; the namespace is not compared.
   const SoapNode* ItemByName(std::string_view name, std::string_view ns = {}) const;
   SoapNode* ItemByName(std::string_view name, std::string_view ns = {});
-  const SoapNode& Item(std::size_t index) const { return nodes_[index]; }
-  SoapNode& Item(std::size_t index) { return nodes_[index]; }
-  std::size_t Count() const { return nodes_.size(); }
-  bool empty() const { return nodes_.empty(); }
-  void clear() { nodes_.clear(); }
-  void reserve(std::size_t n) { nodes_.reserve(n); }
+  // Counting from 0. (These are defined below SoapNode, which they need whole.)
+  const SoapNode& Item(std::size_t index) const;
+  SoapNode& Item(std::size_t index);
+  std::size_t Count() const;
+  bool empty() const;
+  void clear();
+  void reserve(std::size_t n);
 
   std::vector<SoapNode>::const_iterator begin() const;
   std::vector<SoapNode>::const_iterator end() const;
@@ -92,6 +94,12 @@ class SoapNode {
   bool null_ = false;
 };
 
+inline const SoapNode& SoapNodes::Item(std::size_t index) const { return nodes_[index]; }
+inline SoapNode& SoapNodes::Item(std::size_t index) { return nodes_[index]; }
+inline std::size_t SoapNodes::Count() const { return nodes_.size(); }
+inline bool SoapNodes::empty() const { return nodes_.empty(); }
+inline void SoapNodes::clear() { nodes_.clear(); }
+inline void SoapNodes::reserve(std::size_t n) { nodes_.reserve(n); }
 inline std::vector<SoapNode>::const_iterator SoapNodes::begin() const { return nodes_.begin(); }
 inline std::vector<SoapNode>::const_iterator SoapNodes::end() const { return nodes_.end(); }
 
