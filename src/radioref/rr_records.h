@@ -181,7 +181,7 @@ struct RRBandPlan {
 
 struct RRSysId {
     std::string sysid, wacn, ct;
-    std::string model;  // "L" on DMR and NXDN systems
+    std::string model;  // the model letter the service gives DMR and NXDN ids ("L")
 };
 
 struct RRSystemDetails {
@@ -225,7 +225,7 @@ struct RRSite {
     std::string nac;
     int rebanded = 0;  // non-zero on the rebanded plan
     int splinter = 0;  // non-zero for a splinter site
-    int tdma_cc = 0;   // non-zero for a TDMA control channel
+    int tdma_cc = 0;   // the service's TDMA control channel flag
     std::vector<std::string> siteLicenses;
     std::vector<RRBandPlan> bandplan;
     std::vector<RRSiteFreq> siteFreqs;
