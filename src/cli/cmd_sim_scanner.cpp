@@ -4,20 +4,11 @@
 #include <csignal>
 #include <iostream>
 
+#include "cli/cmd_sim_common.h"
 #include "cli/command_registry.h"
 #include "sim/scanner_sim_pty.h"
 
 namespace {
-
-// The "sim" noun is shared with the other simulators: whoever registers first makes it.
-CLI::App* simNoun(CLI::App& app) {
-  for (auto* sub : app.get_subcommands([](CLI::App* a) { return a->get_name() == "sim"; })) {
-    return sub;
-  }
-  auto* sim = app.add_subcommand("sim", "Simulators of the scanner, its card and the web service");
-  sim->require_subcommand(1);
-  return sim;
-}
 
 std::atomic<bool> stopRequested{false};
 extern "C" void onStopSignal(int) {
@@ -38,7 +29,7 @@ struct SimScannerArgs {
 ZEL_COMMAND(61) {
   (void)context;
   auto args = std::make_shared<SimScannerArgs>();
-  auto* cmd = simNoun(app)->add_subcommand(
+  auto* cmd = zel::cli::simNoun(app)->add_subcommand(
       "scanner", "Run a simulated scanner on a pseudo-terminal; prints its device path first");
   cmd->add_option("--model", args->model, "Scanner model to play")
       ->check(CLI::IsMember(zel::sim::simScannerModels()))

@@ -4,16 +4,17 @@
 //
 //   GET  /soap2/?wsdl&v=15        the WSDL, its soap:address pointing at this server
 //   POST /soap2/index.php         one SOAP call; the method element names the operation
+#include <cstddef>
 #include <memory>
 #include <string>
 
 namespace zel::sim {
 
 struct RadioRefSimOptions {
-  int port = 0;             // 0: any free port
-  std::string dataDir;      // recorded replies (v18 folder): answer from them for their ids
-  int slowMs = 0;           // delay every reply by this much
-  bool renamedWsdl = false; // serve the variant with renamed messages, soapActions, namespace
+  int port = 0;              // 0: any free port
+  std::string dataDir;       // recorded replies (v18 folder): answer from them for their ids
+  int slowMs = 0;            // delay every reply by this much
+  bool renamedWsdl = false;  // serve the variant with renamed messages, soapActions, namespace
 };
 
 // A reply of the service, as the HTTP layer sends it.
@@ -38,6 +39,11 @@ class RadioRefSim {
   int port() const;
   // "http://127.0.0.1:PORT/soap2/": the end point folder a client takes as its BaseUrl.
   std::string endpoint() const;
+  // Why the recordings of `dataDir` could not be read ("" when they could); start() and
+  // run() refuse to serve then.
+  std::string loadError() const;
+  // How many recorded replies were loaded from `dataDir`.
+  std::size_t recordedCount() const;
 
   // The answers without HTTP, for tests of the dataset.
   RadioRefSimReply wsdl() const;
