@@ -32,6 +32,10 @@ const std::string* partType(const SelectedOperation& op, const std::string& name
   return nullptr;
 }
 
+std::string durationText(int ms) {
+  return ms % 1000 == 0 ? std::to_string(ms / 1000) + " seconds" : std::to_string(ms) + " ms";
+}
+
 }  // namespace
 
 const SoapNode* SoapCallResult::part() const {
@@ -94,8 +98,7 @@ bool SoapClient::HTML_GETSOURCE(const std::string& url, const std::string& user,
   if (reply.timedOut) {
     // The time-out is a message, not a failure: what came is used.
     feedback_.message(kHttpTimeOut);
-    lastError_ = "The service description did not come within " +
-                 std::to_string(wsdlTimeoutMs / 1000) + " seconds.";
+    lastError_ = "The service description did not come within " + durationText(wsdlTimeoutMs) + ".";
   } else if (!reply.completed) {
     lastError_ = "The service description could not be fetched from " + url + ": " +
                  reply.error + ".";
@@ -198,8 +201,7 @@ void SoapClient::handleFailedReply(const HttpReply& reply, SoapEnvelope& envelop
       parsed.Parameters().Item(0).Name() != kFaultName) {
     // Not a fault: no message, the caller's tables stay empty.
     if (reply.timedOut) {
-      lastError_ = "The service did not answer within " + std::to_string(callTimeoutMs / 1000) +
-                   " seconds.";
+      lastError_ = "The service did not answer within " + durationText(callTimeoutMs) + ".";
     } else if (!reply.completed) {
       lastError_ = "The service could not be reached: " + reply.error + ".";
     } else if (reply.body.empty()) {
