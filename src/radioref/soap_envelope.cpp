@@ -1,6 +1,5 @@
 #include "radioref/soap_envelope.h"
 
-#include <cstring>
 #include <exception>
 #include <pugixml.hpp>
 
@@ -16,13 +15,16 @@ constexpr std::string_view kSoapEnc = "http://schemas.xmlsoap.org/soap/encoding/
 constexpr std::string_view kXsi = "http://www.w3.org/2001/XMLSchema-instance";
 constexpr std::string_view kXsd = "http://www.w3.org/2001/XMLSchema";
 
-const char* localName(const char* qualified) {
-  const char* colon = std::strchr(qualified, ':');
-  return colon ? colon + 1 : qualified;
-}
-
-bool hasPrefix(const char* qualified) {
-  return std::strchr(qualified, ':') != nullptr;
+// The name after its prefix, and whether there was one. Names are short: a plain loop beats a
+// library call here, where every element and attribute of a large reply passes.
+std::string_view localName(const char* qualified, bool* prefixed = nullptr) {
+  const char* local = qualified;
+  const char* p = qualified;
+  for (; *p != '\0'; ++p) {
+    if (*p == ':' && local == qualified) local = p + 1;
+  }
+  if (prefixed != nullptr) *prefixed = local != qualified;
+  return std::string_view(local, static_cast<std::size_t>(p - local));
 }
 
 pugi::xml_node childByLocalName(pugi::xml_node parent, std::string_view name) {
@@ -38,11 +40,12 @@ bool readNode(pugi::xml_node element, SoapNode& node, int depth) {
   node.setName(utf8ToLatin1(localName(element.name())));
   bool array = false;
   for (pugi::xml_attribute a = element.first_attribute(); a; a = a.next_attribute()) {
-    if (!hasPrefix(a.name())) continue;
-    const std::string_view local = localName(a.name());
+    bool prefixed = false;
+    const std::string_view local = localName(a.name(), &prefixed);
+    if (!prefixed) continue;
     if (local == "type") {
       node.setType(utf8ToLatin1(a.value()));
-      if (std::string_view(localName(a.value())) == "Array") array = true;
+      if (localName(a.value()) == "Array") array = true;
     } else if (local == "nil") {
       const std::string_view v = a.value();
       node.setNull(v == "true" || v == "1");
@@ -185,7 +188,7 @@ SoapParseResult SoapEnvelope::parseReply(std::string_view text, std::string_view
     return result;
   }
   const pugi::xml_node root = doc.document_element();
-  if (std::string_view(localName(root.name())) != "Envelope") {
+  if (localName(root.name()) != "Envelope") {
     result.error =
         "The reply is not a SOAP envelope: its root element is <" + utf8ToLatin1(root.name()) + ">";
     return result;
