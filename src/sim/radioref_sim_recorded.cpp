@@ -173,35 +173,39 @@ std::string filterRecordedTalkgroups(const std::string& reply, long long tgCid, 
   const std::size_t end = reply.rfind("</return>");
   if (count == std::string::npos || end == std::string::npos) return reply;
   const std::size_t open = reply.find('>', count);
-  std::size_t first = reply.find(itemMark, open);
-  if (first == std::string::npos || first > end) first = end;
+  std::size_t begin = reply.find(itemMark, open);
+  if (begin == std::string::npos || begin > end) begin = end;
 
-  // The value of the first `<field ...>N</field>` of an item, or -1.
-  auto number = [](std::string_view item, std::string_view field) -> long long {
-    std::size_t at = item.find("<" + std::string(field) + " ");
-    if (at == std::string_view::npos) return -1;
-    std::size_t gt = item.find('>', at);
-    return gt == std::string_view::npos ? -1 : leadingInteger(item.substr(gt + 1));
+  // The values of every `<field ...>N</field>` of an item, in order.
+  auto numbers = [](std::string_view item, std::string_view field) {
+    std::vector<long long> out;
+    const std::string open = "<" + std::string(field);
+    for (std::size_t at = item.find(open); at != std::string_view::npos;
+         at = item.find(open, at + 1)) {
+      const std::size_t after = at + open.size();
+      if (after >= item.size() || (item[after] != ' ' && item[after] != '>')) continue;
+      const std::size_t gt = item.find('>', after);
+      if (gt != std::string_view::npos) out.push_back(leadingInteger(item.substr(gt + 1)));
+    }
+    return out;
+  };
+  auto first = [&](std::string_view item, std::string_view field) {
+    std::vector<long long> all = numbers(item, field);
+    return all.empty() ? -1 : all.front();
   };
   auto hasTag = [&](std::string_view item) {
-    for (std::size_t at = item.find("<tagId "); at != std::string_view::npos;
-         at = item.find("<tagId ", at + 1)) {
-      std::size_t gt = item.find('>', at);
-      if (gt != std::string_view::npos && leadingInteger(item.substr(gt + 1)) == tgTag) {
-        return true;
-      }
-    }
-    return false;
+    std::vector<long long> tags = numbers(item, "tagId");
+    return std::find(tags.begin(), tags.end(), tgTag) != tags.end();
   };
 
   std::string kept;
   std::size_t n = 0;
-  for (std::size_t at = first; at < end;) {
+  for (std::size_t at = begin; at < end;) {
     std::size_t next = reply.find(itemMark, at + itemMark.size());
     if (next == std::string::npos || next > end) next = end;
     std::string_view item(reply.data() + at, next - at);
-    if ((tgCid == 0 || number(item, "tgCid") == tgCid) &&
-        (tgDec == 0 || number(item, "tgDec") == tgDec) && (tgTag == 0 || hasTag(item))) {
+    if ((tgCid == 0 || first(item, "tgCid") == tgCid) &&
+        (tgDec == 0 || first(item, "tgDec") == tgDec) && (tgTag == 0 || hasTag(item))) {
       kept.append(item);
       ++n;
     }

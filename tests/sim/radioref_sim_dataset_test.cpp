@@ -1,0 +1,228 @@
+// The built-in data of the simulated RadioReference service as a client reads it, the
+// request reader, and the filter over recorded talkgroups.
+#include <gtest/gtest.h>
+
+#include <pugixml.hpp>
+#include <set>
+
+#include "sim/radioref_sim.h"
+#include "sim/radioref_sim_recorded.h"
+#include "sim/radioref_sim_request.h"
+
+namespace zel::sim {
+namespace {
+
+constexpr const char* kNs = "http://api.radioreference.com/soap2";
+
+// The items of the reply's "return" array (or the record), parsed.
+struct Reply {
+  pugi::xml_document doc;
+  pugi::xml_node ret;
+  int status = 0;
+  std::vector<pugi::xml_node> items() const {
+    std::vector<pugi::xml_node> out;
+    for (pugi::xml_node item : ret.children("item")) out.push_back(item);
+    return out;
+  }
+};
+
+std::unique_ptr<Reply> ask(const std::string& op, const std::string& params) {
+  static const RadioRefSim sim({});
+  const std::string body =
+      "<Envelope><Body><m:" + op + "Request xmlns:m=\"" + kNs + "\">" + params +
+      "<authInfo><username>demo</username><password>demo</password><appKey>1</appKey>"
+      "</authInfo></m:" +
+      op + "Request></Body></Envelope>";
+  RadioRefSimReply r = sim.call(std::string(kNs) + "#" + op, body);
+  auto reply = std::make_unique<Reply>();
+  reply->status = r.status;
+  reply->doc.load_string(r.body.c_str());
+  reply->ret = reply->doc.first_child().first_child().first_child().child("return");
+  return reply;
+}
+
+std::multiset<std::string> values(const std::vector<pugi::xml_node>& items, const char* field) {
+  std::multiset<std::string> out;
+  for (pugi::xml_node item : items) out.insert(item.child_value(field));
+  return out;
+}
+
+TEST(RadioRefSimData, NamesLeaveAsUtf8AndEscaped) {
+  auto county = ask("getCountyInfo", "<ctid>9511</ctid>");
+  EXPECT_STREQ(county->ret.child_value("countyName"),
+               "Montr\xC3\xA9"
+               "al");
+  auto agency = ask("getStateInfo", "<stid>901</stid>");
+  std::set<std::string> names;
+  for (pugi::xml_node a : agency->ret.child("agencyList").children("item")) {
+    names.insert(a.child_value("aName"));
+  }
+  EXPECT_TRUE(names.count("Ashland Dept. of \"Natural\" Resources"));
+  // A statewide agency without a type is nil, as the service sends it.
+  for (pugi::xml_node a : agency->ret.child("agencyList").children("item")) {
+    if (std::string(a.child_value("aName")) == "Ashland State Police") {
+      EXPECT_STREQ(a.child("aType").attribute("xsi:nil").value(), "true");
+    }
+  }
+}
+
+TEST(RadioRefSimData, ConventionalRowsCoverEveryToneFormAndFlag) {
+  std::multiset<std::string> tones;
+  int encrypted = 0, telemetry = 0;
+  for (int scid = 900101; scid <= 900117; ++scid) {
+    auto freqs = ask("getSubcatFreqs", "<scid>" + std::to_string(scid) + "</scid>");
+    ASSERT_EQ(freqs->status, 200);
+    EXPECT_FALSE(freqs->items().empty()) << scid;
+    for (pugi::xml_node f : freqs->items()) {
+      EXPECT_EQ(std::stoi(f.child_value("scid")), scid);
+      tones.insert(f.child_value("tone"));
+      encrypted += std::string(f.child_value("enc")) != "0";
+      telemetry += std::string(f.child_value("mode")) == "5";
+    }
+  }
+  for (const char* tone : {"CSQ", "123.0 PL", "023 DPL", "293 NAC", "1 CC", "1 RAN", ""}) {
+    EXPECT_TRUE(tones.count(tone)) << tone;
+  }
+  EXPECT_GE(encrypted, 2);
+  EXPECT_GE(telemetry, 2);
+}
+
+TEST(RadioRefSimData, FrequencySearchesSelectByPlaceFrequencyAndTone) {
+  struct Case {
+    std::string op, params;
+    std::multiset<std::string> descrs;
+  };
+  const std::vector<Case> cases = {
+      {"searchCountyFreq",
+       "<ctid>9011</ctid><freq>155.475</freq><tone></tone>",
+       {"Sheriff Dispatch"}},
+      {"searchCountyFreq", "<ctid>9011</ctid><freq>155.475</freq><tone>100.0 PL</tone>", {}},
+      {"searchCountyFreq",
+       "<ctid>9011</ctid><freq>460.35</freq><tone>293</tone>",
+       {"Sheriff Tactical, Encrypted"}},
+      {"searchStateFreq",
+       "<stid>901</stid><freq>155.535</freq><tone></tone>",
+       {"Troop A, District 1"}},
+      {"searchStateFreq", "<stid>902</stid><freq>155.475</freq><tone></tone>", {}},
+      {"getCountyFreqsByTag",
+       "<ctid>9011</ctid><tag>13</tag>",
+       {"Harbor ARC Repeater", "National Simplex"}},
+      {"getCountyFreqsByTag", "<ctid>9012</ctid><tag>13</tag>", {}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.op + c.params);
+    auto reply = ask(c.op, c.params);
+    ASSERT_EQ(reply->status, 200);
+    EXPECT_EQ(values(reply->items(), "descr"), c.descrs);
+  }
+  auto hit = ask("searchCountyFreq", "<ctid>9011</ctid><freq>155.475</freq><tone/>");
+  ASSERT_EQ(hit->items().size(), 1u);
+  EXPECT_STREQ(hit->items()[0].child_value("ctid"), "9011");
+  EXPECT_STREQ(hit->items()[0].child_value("scid"), "900101");
+}
+
+TEST(RadioRefSimData, TalkgroupFiltersCombine) {
+  struct Case {
+    std::string filters;
+    std::multiset<std::string> decs;
+  };
+  const std::vector<Case> cases = {
+      {"<tgCid>0</tgCid><tgTag>0</tgTag><tgDec>0</tgDec>", {"16", "48", "112", "144"}},
+      {"<tgCid>900102</tgCid><tgTag>0</tgTag><tgDec>0</tgDec>", {"112", "144"}},
+      {"<tgCid>0</tgCid><tgTag>7</tgTag><tgDec>0</tgDec>", {"48"}},
+      {"<tgCid>0</tgCid><tgTag>0</tgTag><tgDec>144</tgDec>", {"144"}},
+      {"<tgCid>900102</tgCid><tgTag>2</tgTag><tgDec>0</tgDec>", {}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.filters);
+    auto reply = ask("getTrsTalkgroups", "<sid>90001</sid>" + c.filters);
+    EXPECT_EQ(values(reply->items(), "tgDec"), c.decs);
+  }
+}
+
+TEST(RadioRefSimData, TrunkedSystemsOfEveryImportKind) {
+  // sid -> sType, sFlavor
+  const std::vector<std::tuple<int, int, int>> kinds = {
+      {90001, 1, 3},   {90002, 8, 20},  {90003, 8, 33},  {90004, 2, 10},
+      {90005, 2, 6},   {90006, 3, 12},  {90007, 12, 38}, {90008, 12, 31},
+      {90009, 12, 43}, {90010, 11, 29}, {90011, 11, 45},
+  };
+  for (const auto& [sid, type, flavor] : kinds) {
+    SCOPED_TRACE(sid);
+    const std::string id = "<sid>" + std::to_string(sid) + "</sid>";
+    auto details = ask("getTrsDetails", id);
+    ASSERT_EQ(details->status, 200);
+    EXPECT_EQ(std::stoi(details->ret.child_value("sType")), type);
+    EXPECT_EQ(std::stoi(details->ret.child_value("sFlavor")), flavor);
+    auto sites = ask("getTrsSites", id);
+    ASSERT_FALSE(sites->items().empty());
+    for (pugi::xml_node site : sites->items()) {
+      EXPECT_EQ(std::stoi(site.child_value("sid")), sid);
+      EXPECT_TRUE(site.child("siteFreqs").child("item"));
+    }
+    auto cats = ask("getTrsTalkgroupCats", id);
+    ASSERT_FALSE(cats->items().empty());
+    auto tgs = ask("getTrsTalkgroups", id + "<tgCid>0</tgCid><tgTag>0</tgTag><tgDec>0</tgDec>");
+    EXPECT_FALSE(tgs->items().empty());
+  }
+  auto motorola = ask("getTrsDetails", "<sid>90001</sid>");
+  int letters = 0;
+  for (pugi::xml_node b : motorola->ret.child("fleetmap").children()) letters += !b.text().empty();
+  EXPECT_EQ(letters, 8);
+  auto sites = ask("getTrsSites", "<sid>90001</sid>");
+  EXPECT_EQ(values(sites->items(), "rebanded"), (std::multiset<std::string>{"0", "0", "1"}));
+  EXPECT_EQ(values(sites->items(), "splinter"), (std::multiset<std::string>{"0", "0", "1"}));
+  auto ltr =
+      ask("getTrsTalkgroups", "<sid>90006</sid><tgCid>0</tgCid><tgTag>0</tgTag><tgDec>0</tgDec>");
+  EXPECT_EQ(values(ltr->items(), "tgLtr"), (std::multiset<std::string>{"true", "true"}));
+}
+
+TEST(RadioRefSimRequest, ReadsParametersByLocalName) {
+  using rrsim::parseRequest;
+  rrsim::Request a = parseRequest(
+      "<s:Envelope xmlns:s=\"e\"><s:Body><getTag xmlns=\"urn:x\"><p:id xmlns:p=\"q\" "
+      "xsi:nil=\"true\"/><sid>7</sid><authInfo><username>u</username><appKey>k</appKey>"
+      "</authInfo></getTag></s:Body></s:Envelope>");
+  ASSERT_TRUE(a.ok) << a.error;
+  EXPECT_EQ(a.method, "getTag");
+  EXPECT_EQ(a.methodNamespace, "urn:x");
+  EXPECT_TRUE(a.has("id"));
+  EXPECT_EQ(a.value("id"), "");
+  EXPECT_EQ(a.integer("sid"), 7);
+  ASSERT_TRUE(a.auth);
+  EXPECT_EQ(a.auth->username, "u");
+  EXPECT_EQ(a.auth->password, "");
+  EXPECT_FALSE(a.has("tone"));
+
+  rrsim::Request b =
+      parseRequest("<Envelope><Body><ns:getMode xmlns:other=\"z\"/></Body></Envelope>");
+  ASSERT_TRUE(b.ok);
+  EXPECT_EQ(b.methodNamespace, "") << "an unbound prefix has no namespace";
+  EXPECT_FALSE(b.auth);
+}
+
+TEST(RadioRefSimRecorded, TalkgroupFilterKeepsRecordedItems) {
+  auto item = [](int cid, int dec, int tag) {
+    return "<item xsi:type=\"tns:Talkgroup\"><tgId xsi:type=\"xsd:int\">1</tgId><tgDec "
+           "xsi:type=\"xsd:int\">" +
+           std::to_string(dec) + "</tgDec><tags><item xsi:type=\"tns:tag\"><tagId>" +
+           std::to_string(tag) + "</tagId></item></tags><tgCid xsi:type=\"xsd:int\">" +
+           std::to_string(cid) + "</tgCid></item>";
+  };
+  const std::string head =
+      "<x><return xsi:type=\"SOAP-ENC:Array\" "
+      "SOAP-ENC:arrayType=\"tns:Talkgroup[3]\">";
+  const std::string tail = "</return></x>";
+  const std::string reply = head + item(5, 100, 2) + item(6, 200, 3) + item(5, 300, 3) + tail;
+  EXPECT_EQ(rrsim::filterRecordedTalkgroups(reply, 5, 0, 0),
+            "<x><return xsi:type=\"SOAP-ENC:Array\" SOAP-ENC:arrayType=\"tns:Talkgroup[2]\">" +
+                item(5, 100, 2) + item(5, 300, 3) + tail);
+  EXPECT_EQ(rrsim::filterRecordedTalkgroups(reply, 0, 3, 300),
+            "<x><return xsi:type=\"SOAP-ENC:Array\" SOAP-ENC:arrayType=\"tns:Talkgroup[1]\">" +
+                item(5, 300, 3) + tail);
+  EXPECT_EQ(rrsim::filterRecordedTalkgroups(reply, 9, 0, 0),
+            "<x><return xsi:type=\"SOAP-ENC:Array\" SOAP-ENC:arrayType=\"tns:Talkgroup[0]\"/></x>");
+}
+
+}  // namespace
+}  // namespace zel::sim

@@ -1,0 +1,445 @@
+// The simulated RadioReference service, through its answers (wsdl(), call()) and once over
+// real HTTP on the loopback.
+#include "sim/radioref_sim.h"
+
+#include <gtest/gtest.h>
+#include <httplib.h>
+
+#include <chrono>
+#include <ctime>
+#include <pugixml.hpp>
+#include <regex>
+#include <set>
+
+#include "sim/radioref_sim_recorded.h"
+#include "sim/radioref_sim_request.h"
+
+namespace zel::sim {
+namespace {
+
+constexpr const char* kNs = "http://api.radioreference.com/soap2";
+constexpr const char* kRenamedNs = "urn:zel536:rrsim:v2";
+
+struct Login {
+  std::string user = "demo", password = "demo", appKey = "12345678";
+};
+
+// A request as a SOAP toolkit sends it: the method element in its namespace, typed params.
+std::string envelope(const std::string& element, const std::string& ns, const std::string& params,
+                     const Login& login = {}, bool withAuth = true) {
+  std::string auth;
+  if (withAuth) {
+    auth = "<authInfo xsi:type=\"tns:authInfo\"><username xsi:type=\"xsd:string\">" + login.user +
+           "</username><password xsi:type=\"xsd:string\">" + login.password +
+           "</password><appKey xsi:type=\"xsd:string\">" + login.appKey +
+           "</appKey><version xsi:type=\"xsd:string\">15</version></authInfo>";
+  }
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><SOAP-ENV:Envelope "
+         "xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\" "
+         "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+         "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\"><SOAP-ENV:Body><ns1:" +
+         element + " xmlns:ns1=\"" + ns + "\">" + params + auth + "</ns1:" + element +
+         "></SOAP-ENV:Body></SOAP-ENV:Envelope>";
+}
+
+std::string action(const std::string& op) {
+  return std::string("\"") + kNs + "#" + op + "\"";
+}
+
+RadioRefSimReply callOp(const RadioRefSim& sim, const std::string& op, const std::string& params,
+                        const Login& login = {}) {
+  return sim.call(action(op), envelope(op + "Request", kNs, params, login));
+}
+
+// The reply element (first child of the Body) of a parsed reply.
+pugi::xml_node replyElement(pugi::xml_document& doc, const std::string& body) {
+  if (!doc.load_string(body.c_str())) return {};
+  return doc.child("SOAP-ENV:Envelope").child("SOAP-ENV:Body").first_child();
+}
+
+std::string faultString(const std::string& body) {
+  pugi::xml_document doc;
+  pugi::xml_node fault = replyElement(doc, body);
+  return fault.child("faultcode").text().get() + std::string("|") +
+         fault.child("faultstring").text().get();
+}
+
+// Every SOAP-ENC array of a reply declares as many items as it holds.
+void expectArrayCountsHold(pugi::xml_node node) {
+  for (pugi::xml_node child : node.children()) {
+    if (child.type() != pugi::node_element) continue;
+    std::string declared = child.attribute("SOAP-ENC:arrayType").value();
+    if (!declared.empty()) {
+      std::size_t items = 0;
+      for (pugi::xml_node item : child.children("item")) {
+        (void)item;
+        ++items;
+      }
+      std::smatch m;
+      ASSERT_TRUE(std::regex_search(declared, m, std::regex(R"(\[(\d+)\]$)"))) << declared;
+      EXPECT_EQ(std::stoul(m[1]), items) << child.name() << " " << declared;
+    }
+    expectArrayCountsHold(child);
+  }
+}
+
+TEST(RadioRefSimWsdl, IsWellFormedAndPointsAtTheServer) {
+  RadioRefSim sim({});
+  RadioRefSimReply reply = sim.wsdl();
+  ASSERT_EQ(reply.status, 200);
+  pugi::xml_document doc;
+  ASSERT_TRUE(doc.load_string(reply.body.c_str()));
+  pugi::xml_node defs = doc.child("definitions");
+  EXPECT_STREQ(defs.attribute("targetNamespace").value(), kNs);
+  EXPECT_STREQ(defs.attribute("xmlns:tns").value(), kNs);
+  for (const char* attr :
+       {"xmlns:soap", "xmlns:SOAP-ENC", "xmlns:SOAP-ENV", "xmlns:wsdl", "xmlns:xsi", "xmlns"}) {
+    EXPECT_FALSE(std::string(defs.attribute(attr).value()).empty()) << attr;
+  }
+  EXPECT_EQ(defs.child("service").child("port").child("soap:address").attribute("location").value(),
+            sim.endpoint() + "index.php");
+  EXPECT_EQ(sim.endpoint().rfind("http://127.0.0.1:", 0), 0u);
+}
+
+// Operation -> request parts in order, as the client sends them.
+const std::vector<std::pair<std::string, std::vector<std::string>>> kParts = {
+    {"getTrsTalkgroups", {"sid", "tgCid", "tgTag", "tgDec", "authInfo"}},
+    {"getTrsTalkgroupCats", {"sid", "authInfo"}},
+    {"getTrsDetails", {"sid", "authInfo"}},
+    {"getTrsSites", {"sid", "authInfo"}},
+    {"getTag", {"id", "authInfo"}},
+    {"getMode", {"mode", "authInfo"}},
+    {"getTrsType", {"id", "authInfo"}},
+    {"getTrsFlavor", {"id", "authInfo"}},
+    {"getTrsVoice", {"id", "authInfo"}},
+    {"getCountryInfo", {"coid", "authInfo"}},
+    {"getStateInfo", {"stid", "authInfo"}},
+    {"getCountyInfo", {"ctid", "authInfo"}},
+    {"getAgencyInfo", {"aid", "authInfo"}},
+    {"getSubcatFreqs", {"scid", "authInfo"}},
+    {"searchCountyFreq", {"ctid", "freq", "tone", "authInfo"}},
+    {"searchStateFreq", {"stid", "freq", "tone", "authInfo"}},
+    {"getCountyFreqsByTag", {"ctid", "tag", "authInfo"}},
+    {"getMetroArea", {"mid", "authInfo"}},
+    {"getZipcodeInfo", {"zipcode", "authInfo"}},
+    {"getUserData", {"authInfo"}},
+    {"getTrsBySysid", {"sysid", "authInfo"}},
+    {"getStatesByList", {"request", "authInfo"}},
+    {"getCountiesByList", {"request", "authInfo"}},
+    {"getCountryList", {}},
+    {"searchMetroFreq", {"mid", "freq", "tone", "authInfo"}},
+    {"getAgencyFreqsByTag", {"aid", "tag", "authInfo"}},
+    {"fccGetCallsign", {"callsign", "authInfo"}},
+    {"fccGetRadioServiceCode", {"code", "authInfo"}},
+    {"fccGetProxCallsigns", {"lat", "lon", "range", "unit", "authInfo"}},
+};
+
+class RadioRefSimBothWsdls : public ::testing::TestWithParam<bool> {};
+
+TEST_P(RadioRefSimBothWsdls, DeclaresEveryOperationWithItsMessagesAndAction) {
+  RadioRefSimOptions options;
+  options.renamedWsdl = GetParam();
+  RadioRefSim sim(options);
+  pugi::xml_document doc;
+  ASSERT_TRUE(doc.load_string(sim.wsdl().body.c_str()));
+  pugi::xml_node defs = doc.child("definitions");
+  const std::string ns = GetParam() ? kRenamedNs : kNs;
+  EXPECT_EQ(defs.attribute("targetNamespace").value(), ns);
+  const std::string in = GetParam() ? "Call" : "Request";
+  const std::string out = GetParam() ? "Result" : "Response";
+  std::set<std::string> actions;
+  for (const auto& [op, parts] : kParts) {
+    SCOPED_TRACE(op);
+    pugi::xml_node portOp =
+        defs.child("portType").find_child_by_attribute("operation", "name", op.c_str());
+    ASSERT_TRUE(portOp);
+    EXPECT_FALSE(std::string(portOp.child_value("documentation")).empty());
+    EXPECT_EQ(portOp.child("input").attribute("message").value(), "tns:" + op + in);
+    EXPECT_EQ(portOp.child("output").attribute("message").value(), "tns:" + op + out);
+    pugi::xml_node message = defs.find_child_by_attribute("message", "name", (op + in).c_str());
+    ASSERT_TRUE(message);
+    std::vector<std::string> names;
+    for (pugi::xml_node part : message.children("part"))
+      names.push_back(part.attribute("name").value());
+    EXPECT_EQ(names, parts);
+    ASSERT_TRUE(defs.find_child_by_attribute("message", "name", (op + out).c_str()));
+    pugi::xml_node bindOp =
+        defs.child("binding").find_child_by_attribute("operation", "name", op.c_str());
+    ASSERT_TRUE(bindOp);
+    std::string soapAction = bindOp.child("soap:operation").attribute("soapAction").value();
+    EXPECT_FALSE(soapAction.empty());
+    actions.insert(soapAction);
+    EXPECT_EQ(bindOp.child("input").child("soap:body").attribute("namespace").value(), ns);
+    EXPECT_STREQ(bindOp.child("output").child("soap:body").attribute("use").value(), "encoded");
+  }
+  EXPECT_EQ(actions.size(), kParts.size()) << "every operation has its own soapAction";
+  // Every tns: type a message or a type refers to is declared in the schema.
+  std::set<std::string> declared;
+  for (pugi::xml_node t : defs.child("types").child("xsd:schema").children("xsd:complexType")) {
+    declared.insert(std::string("tns:") + t.attribute("name").value());
+  }
+  for (pugi::xpath_node ref :
+       doc.select_nodes("//xsd:element/@type | //part/@type | //@wsdl:arrayType")) {
+    std::string type = ref.attribute().value();
+    if (type.rfind("tns:", 0) != 0) continue;
+    if (type.size() > 2 && type.compare(type.size() - 2, 2, "[]") == 0)
+      type.resize(type.size() - 2);
+    EXPECT_TRUE(declared.count(type)) << type;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(StandardAndRenamed, RadioRefSimBothWsdls, ::testing::Bool());
+
+TEST(RadioRefSimWsdl, RenamedDescriptionMovesActionsAndNames) {
+  RadioRefSimOptions options;
+  options.renamedWsdl = true;
+  RadioRefSim renamed(options);
+  RadioRefSim standard({});
+  const std::string a = renamed.wsdl().body, b = standard.wsdl().body;
+  EXPECT_EQ(b.find(kRenamedNs), std::string::npos);
+  EXPECT_EQ(a.find(kNs), std::string::npos) << "no trace of the standard namespace";
+  EXPECT_NE(b.find("soapAction=\"http://api.radioreference.com/soap2#getUserData\""),
+            std::string::npos);
+}
+
+// One call of every answered operation on a built-in id.
+const std::vector<std::pair<std::string, std::string>> kCalls = {
+    {"getTrsTalkgroups", "<sid>90001</sid><tgCid>0</tgCid><tgTag>0</tgTag><tgDec>0</tgDec>"},
+    {"getTrsTalkgroupCats", "<sid>90002</sid>"},
+    {"getTrsDetails", "<sid>90003</sid>"},
+    {"getTrsSites", "<sid>90001</sid>"},
+    {"getTag", "<id>0</id>"},
+    {"getMode", "<mode>0</mode>"},
+    {"getTrsType", "<id>0</id>"},
+    {"getTrsFlavor", "<id>0</id>"},
+    {"getTrsVoice", "<id>0</id>"},
+    {"getCountryInfo", "<coid>2</coid>"},
+    {"getStateInfo", "<stid>901</stid>"},
+    {"getCountyInfo", "<ctid>9011</ctid>"},
+    {"getAgencyInfo", "<aid>90101</aid>"},
+    {"getSubcatFreqs", "<scid>900101</scid>"},
+    {"searchCountyFreq", "<ctid>9011</ctid><freq>155.475</freq><tone></tone>"},
+    {"searchStateFreq", "<stid>901</stid><freq>155.475</freq><tone></tone>"},
+    {"getCountyFreqsByTag", "<ctid>9011</ctid><tag>2</tag>"},
+    {"getMetroArea", "<mid>0</mid>"},
+    {"getZipcodeInfo", "<zipcode>10501</zipcode>"},
+    {"getUserData", ""},
+    {"getCountryList", ""},
+};
+
+TEST_P(RadioRefSimBothWsdls, EveryOperationAnswersUnderTheServedNames) {
+  RadioRefSimOptions options;
+  options.renamedWsdl = GetParam();
+  RadioRefSim sim(options);
+  const std::string ns = GetParam() ? kRenamedNs : kNs;
+  pugi::xml_document wsdl;
+  ASSERT_TRUE(wsdl.load_string(sim.wsdl().body.c_str()));
+  for (const auto& [op, params] : kCalls) {
+    SCOPED_TRACE(op);
+    pugi::xml_node bindOp = wsdl.child("definitions")
+                                .child("binding")
+                                .find_child_by_attribute("operation", "name", op.c_str());
+    const std::string soapAction = bindOp.child("soap:operation").attribute("soapAction").value();
+    const std::string in = GetParam() ? op + "Call" : op + "Request";
+    RadioRefSimReply reply = sim.call(soapAction, envelope(in, ns, params));
+    ASSERT_EQ(reply.status, 200) << reply.body;
+    EXPECT_EQ(reply.body.rfind("<?xml version=\"1.0\" encoding=\"utf-8\"?>", 0), 0u);
+    pugi::xml_document doc;
+    pugi::xml_node element = replyElement(doc, reply.body);
+    ASSERT_TRUE(element) << reply.body;
+    EXPECT_EQ(element.name(), "ns1:" + op + (GetParam() ? "Result" : "Response"));
+    EXPECT_EQ(element.attribute("xmlns:ns1").value(), ns);
+    pugi::xml_node ret = element.child("return");
+    ASSERT_TRUE(ret);
+    EXPECT_FALSE(std::string(ret.attribute("xsi:type").value()).empty());
+    if (std::string(ret.attribute("xsi:type").value()) == "SOAP-ENC:Array") {
+      EXPECT_TRUE(ret.child("item")) << "the built-in id has rows";
+    }
+    expectArrayCountsHold(doc);
+  }
+}
+
+TEST(RadioRefSimCall, MissingPartGetsStatus500AndAnEmptyBody) {
+  RadioRefSim sim({});
+  const std::vector<std::tuple<std::string, std::string, bool>> cases = {
+      {"getTrsTalkgroups", "<sid>90001</sid><tgCid>0</tgCid><tgTag>0</tgTag>", true},
+      {"searchCountyFreq", "<ctid>9011</ctid><freq>155.475</freq>", true},
+      {"getCountyFreqsByTag", "<tag>2</tag>", true},
+      {"getTrsSites", "<sid>90001</sid>", false},
+      {"getUserData", "", false},
+  };
+  for (const auto& [op, params, withAuth] : cases) {
+    SCOPED_TRACE(op);
+    RadioRefSimReply reply =
+        sim.call(action(op), envelope(op + "Request", kNs, params, {}, withAuth));
+    EXPECT_EQ(reply.status, 500);
+    EXPECT_TRUE(reply.body.empty());
+  }
+}
+
+TEST(RadioRefSimCall, WrongLoginGetsTheServiceAuthFault) {
+  RadioRefSim sim({});
+  for (const Login& login : {Login{"demo", "wrong"}, Login{"someone", "demo"},
+                             Login{"expired", "demo"}, Login{"", ""}}) {
+    RadioRefSimReply reply = callOp(sim, "getTrsSites", "<sid>90001</sid>", login);
+    EXPECT_EQ(reply.status, 500);
+    EXPECT_EQ(reply.body.rfind("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>", 0), 0u);
+    EXPECT_EQ(faultString(reply.body),
+              "AUTH|Invalid Username or Password.  Make sure you are logging in with your "
+              "username and not your email address.");
+  }
+}
+
+TEST(RadioRefSimCall, EmptyAppKeyIsRefused) {
+  RadioRefSim sim({});
+  RadioRefSimReply reply = callOp(sim, "getUserData", "", Login{"demo", "demo", ""});
+  EXPECT_EQ(reply.status, 500);
+  EXPECT_EQ(faultString(reply.body).rfind("AUTH|", 0), 0u);
+}
+
+// "MM-DD-YYYY" as days from today (negative: past).
+long daysFromToday(const std::string& date) {
+  std::tm tm{};
+  tm.tm_mon = std::stoi(date.substr(0, 2)) - 1;
+  tm.tm_mday = std::stoi(date.substr(3, 2));
+  tm.tm_year = std::stoi(date.substr(6, 4)) - 1900;
+  tm.tm_hour = 12;
+  const auto then = std::chrono::system_clock::from_time_t(timegm(&tm));
+  return std::chrono::duration_cast<std::chrono::hours>(then - std::chrono::system_clock::now())
+             .count() /
+         24;
+}
+
+TEST(RadioRefSimCall, AccountsHaveTheirSubscriptionDates) {
+  RadioRefSim sim({});
+  const std::vector<std::tuple<std::string, long, long>> accounts = {{"demo", 300, 400},
+                                                                     {"expired", -400, -1}};
+  for (const auto& [user, low, high] : accounts) {
+    SCOPED_TRACE(user);
+    RadioRefSimReply reply = callOp(sim, "getUserData", "", Login{user, user});
+    ASSERT_EQ(reply.status, 200);
+    pugi::xml_document doc;
+    pugi::xml_node ret = replyElement(doc, reply.body).child("return");
+    EXPECT_EQ(ret.child_value("username"), user);
+    const std::string date = ret.child_value("subExpireDate");
+    ASSERT_TRUE(std::regex_match(date, std::regex(R"(\d\d-\d\d-\d{4})"))) << date;
+    EXPECT_GE(daysFromToday(date), low);
+    EXPECT_LE(daysFromToday(date), high);
+  }
+  RadioRefSimReply other = callOp(sim, "getTag", "<id>0</id>", Login{"expired", "expired"});
+  EXPECT_EQ(other.status, 500);
+  const std::string fault = faultString(other.body);
+  EXPECT_EQ(fault.rfind("AUTH|", 0), 0u);
+  EXPECT_NE(fault.find("expired"), std::string::npos);
+}
+
+TEST(RadioRefSimCall, SoapActionMustBeTheServedOne) {
+  RadioRefSim sim({});
+  const std::string body = envelope("getTagRequest", kNs, "<id>0</id>");
+  const std::vector<std::pair<std::string, int>> cases = {
+      {"\"http://api.radioreference.com/soap2#getTag\"", 200},
+      {"http://api.radioreference.com/soap2#getTag", 200},
+      {"\"http://api.radioreference.com/soap2#getMode\"", 500},
+      {"", 500},
+      {"\"urn:zel536:rrsim:v2:action:getTag\"", 500},
+  };
+  for (const auto& [soapAction, status] : cases) {
+    SCOPED_TRACE(soapAction);
+    RadioRefSimReply reply = sim.call(soapAction, body);
+    EXPECT_EQ(reply.status, status);
+    if (status == 500) EXPECT_EQ(faultString(reply.body).rfind("SOAP-ENV:Client|", 0), 0u);
+  }
+}
+
+TEST(RadioRefSimCall, MethodNamesAndNamespacesFollowTheServedDescription) {
+  RadioRefSimOptions renamedOptions;
+  renamedOptions.renamedWsdl = true;
+  RadioRefSim standard({}), renamed(renamedOptions);
+  const std::string renamedAction = "urn:zel536:rrsim:v2:action:getUserData";
+  struct Case {
+    const RadioRefSim* sim;
+    std::string soapAction, element, ns;
+    int status;
+  };
+  const std::vector<Case> cases = {
+      {&standard, action("getUserData"), "getUserDataRequest", kNs, 200},
+      {&standard, action("getUserData"), "getUserData", kNs, 200},
+      {&standard, action("getUserData"), "getUserDataRequest", std::string(kNs) + "/", 200},
+      {&standard, action("getUserData"), "getUserDataCall", kNs, 500},
+      {&standard, action("getUserData"), "getUserDataRequest", "urn:other", 500},
+      {&renamed, renamedAction, "getUserDataCall", kRenamedNs, 200},
+      {&renamed, renamedAction, "getUserData", kRenamedNs, 200},
+      {&renamed, renamedAction, "getUserDataRequest", kRenamedNs, 500},
+      {&renamed, renamedAction, "getUserDataCall", kNs, 500},
+      {&renamed, action("getUserData"), "getUserDataCall", kRenamedNs, 500},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.element + " in " + c.ns);
+    RadioRefSimReply reply = c.sim->call(c.soapAction, envelope(c.element, c.ns, ""));
+    EXPECT_EQ(reply.status, c.status);
+    if (c.status == 500) EXPECT_EQ(faultString(reply.body).rfind("SOAP-ENV:Client|", 0), 0u);
+  }
+}
+
+TEST(RadioRefSimCall, BodyThatIsNoSoapGetsAClientFault) {
+  RadioRefSim sim({});
+  for (const std::string body : {"", "not xml at all", "<a><b></a>", "<Envelope/>",
+                                 "<S:Envelope xmlns:S=\"x\"><S:Body/></S:Envelope>"}) {
+    SCOPED_TRACE(body);
+    RadioRefSimReply reply = sim.call(action("getTag"), body);
+    EXPECT_EQ(reply.status, 500);
+    EXPECT_EQ(faultString(reply.body).rfind("SOAP-ENV:Client|", 0), 0u);
+  }
+}
+
+TEST(RadioRefSimCall, UnsettledOperationsAndUnknownRecordsFault) {
+  RadioRefSim sim({});
+  EXPECT_EQ(callOp(sim, "fccGetCallsign", "<callsign>W0AH</callsign>").status, 500);
+  EXPECT_EQ(callOp(sim, "getCountyInfo", "<ctid>12</ctid>").status, 500);
+  // A list of an unknown system is empty, not a fault.
+  RadioRefSimReply sites = callOp(sim, "getTrsSites", "<sid>4</sid>");
+  ASSERT_EQ(sites.status, 200);
+  EXPECT_NE(sites.body.find("SOAP-ENC:arrayType=\"tns:TrsSite[0]\"/>"), std::string::npos);
+}
+
+TEST(RadioRefSimCall, SlowDelaysEveryReply) {
+  RadioRefSimOptions options;
+  options.slowMs = 40;
+  RadioRefSim sim(options);
+  for (int i = 0; i < 2; ++i) {
+    const auto start = std::chrono::steady_clock::now();
+    RadioRefSimReply reply = i == 0 ? sim.wsdl() : callOp(sim, "getTag", "<id>0</id>");
+    EXPECT_EQ(reply.status, 200);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(40));
+  }
+}
+
+TEST(RadioRefSimHttp, ServesTheWsdlAndCallsOnTheLoopback) {
+  RadioRefSim sim({});
+  std::string error;
+  ASSERT_TRUE(sim.start(&error)) << error;
+  ASSERT_GT(sim.port(), 0);
+  httplib::Client client("127.0.0.1", sim.port());
+  auto wsdl = client.Get("/soap2/?wsdl&v=15");
+  ASSERT_TRUE(wsdl);
+  EXPECT_EQ(wsdl->status, 200);
+  EXPECT_NE(wsdl->body.find("location=\"" + sim.endpoint() + "index.php\""), std::string::npos);
+  httplib::Headers headers{{"SOAPAction", action("getZipcodeInfo")}};
+  auto ok = client.Post("/soap2/index.php", headers,
+                        envelope("getZipcodeInfoRequest", kNs, "<zipcode>20202</zipcode>"),
+                        "text/xml; charset=utf-8");
+  ASSERT_TRUE(ok);
+  EXPECT_EQ(ok->status, 200);
+  EXPECT_NE(ok->body.find("<city xsi:type=\"xsd:string\">Granite Falls</city>"), std::string::npos);
+  auto bad = client.Post(
+      "/soap2/index.php", headers,
+      envelope("getZipcodeInfoRequest", kNs, "<zipcode>20202</zipcode>", Login{"demo", "nope"}),
+      "text/xml");
+  ASSERT_TRUE(bad);
+  EXPECT_EQ(bad->status, 500);
+  sim.stop();
+  EXPECT_FALSE(httplib::Client("127.0.0.1", sim.port()).Get("/soap2/?wsdl"));
+}
+
+}  // namespace
+}  // namespace zel::sim
