@@ -115,8 +115,8 @@ struct WsdlParseResult {
 
 // Reads `wsdlText` into `tables` (cleared first). Each child of the definitions element is
 // copied into a document of its own before it is queried, so that a "//x" path reaches that
-// child's subtree and nothing else; the same is done for each operation of a port type or
-// binding.
+// child's subtree and nothing else; the same is done for each complex type of the schema (its
+// "//xsd:element" list is its own) and each operation of a port type or binding.
 WsdlParseResult ParseWSDL(std::string_view wsdlText, WsdlTables& tables);
 
 // The operation picked for one call.
