@@ -179,7 +179,7 @@ std::string filterRecordedTalkgroups(const std::string& reply, long long tgCid, 
   // The values of every `<field ...>N</field>` of an item, in order.
   auto numbers = [](std::string_view item, std::string_view field) {
     std::vector<long long> out;
-    const std::string open = "<" + std::string(field);
+    const std::string open = std::string("<").append(field);
     for (std::size_t at = item.find(open); at != std::string_view::npos;
          at = item.find(open, at + 1)) {
       const std::size_t after = at + open.size();

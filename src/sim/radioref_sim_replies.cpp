@@ -343,7 +343,7 @@ bool trsDetails(Writer& w, const Request& r) {
   if (!s->bandplan.empty()) bandplanArray(w, s->bandplan);
   if (s->fleetmap.size() == 8) {
     w.open("fleetmap", "TrsFleetmap");
-    for (int i = 0; i < 8; ++i) w.text("b" + std::to_string(i), s->fleetmap[i]);
+    for (int i = 0; i < 8; ++i) w.text(std::string("b").append(std::to_string(i)), s->fleetmap[i]);
     w.close();
   }
   return true;

@@ -56,12 +56,12 @@ ReplyWriter::ReplyWriter(std::string_view ns, std::string_view element) {
 }
 
 void ReplyWriter::open(std::string_view name, std::string_view type) {
-  out_ += "<" + std::string(name) + " xsi:type=\"tns:" + std::string(type) + "\">";
+  out_ += std::string("<").append(name) + " xsi:type=\"tns:" + std::string(type) + "\">";
   open_.emplace_back(name);
 }
 
 void ReplyWriter::openArray(std::string_view name, std::string_view itemType, std::size_t count) {
-  out_ += "<" + std::string(name) +
+  out_ += std::string("<").append(name) +
           " xsi:type=\"SOAP-ENC:Array\" SOAP-ENC:arrayType=\"tns:" + std::string(itemType) + "[" +
           std::to_string(count) + "]\"";
   if (count == 0) {
@@ -130,7 +130,8 @@ void ReplyWriter::boolean(std::string_view name, bool value) {
 }
 
 void ReplyWriter::nil(std::string_view name, std::string_view xsdType) {
-  out_ += "<" + std::string(name) + " xsi:nil=\"true\" xsi:type=\"" + std::string(xsdType) + "\"/>";
+  out_ += std::string("<").append(name) + " xsi:nil=\"true\" xsi:type=\"" + std::string(xsdType) +
+          "\"/>";
 }
 
 std::string ReplyWriter::finish() {
