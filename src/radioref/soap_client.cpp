@@ -122,6 +122,14 @@ void SoapClient::ParseWSDL() {
                     std::to_string(lastParse_.position) + ")";
     }
     lastError_ += lastParse_.reason.empty() ? "." : ": " + lastParse_.reason + ".";
+    if (lastParse_.code != 0) {
+      feedback_.message("Error occured when parsing the XML file\nError Code: " +
+                            std::to_string(lastParse_.code) +
+                            "\nLine Number: " + std::to_string(lastParse_.line) +
+                            "\nLine Position: " + std::to_string(lastParse_.position) +
+                            "\nReason: " + lastParse_.reason,
+                        "XML Parse Error");
+    }
   }
   SoapTrace("PARSEWSDL EXIT", false);
 }

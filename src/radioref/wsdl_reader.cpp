@@ -180,6 +180,7 @@ WsdlParseResult readTables(std::string_view wsdlText, WsdlTables& tables) {
   const XmlLoadResult loaded = loadXml(doc, wsdlText, {});
   if (!loaded.ok) {
     result.reason = loaded.reason;
+    result.code = loaded.code;
     result.line = loaded.line;
     result.position = loaded.position;
     return result;

@@ -109,6 +109,7 @@ struct WsdlTables {
 struct WsdlParseResult {
   bool ok = false;
   std::string reason;
+  int code = 0;  // the XML parser's status number; 0 when the document was well-formed
   long line = 0;
   long position = 0;
 };

@@ -119,6 +119,7 @@ XmlLoadResult loadXml(pugi::xml_document& doc, std::string_view text, std::strin
     return result;
   }
   result.reason = parsed.description();
+  result.code = static_cast<int>(parsed.status);
   // The parser's offset counts in the UTF-8 text it read, which for Latin-1 is a conversion.
   const std::size_t offset = parsed.offset < 0 ? 0 : static_cast<std::size_t>(parsed.offset);
   if (latin1 && !isAscii(text)) {

@@ -11,6 +11,7 @@ namespace zel::radioref {
 struct XmlLoadResult {
   bool ok = false;
   std::string reason;
+  int code = 0;  // the parser's status number
   long line = 0;
   long position = 0;
 };

@@ -217,14 +217,31 @@ TEST_F(SoapClientTest, DescriptionIsFetchedOncePerRunAndNeverReadFromDisk) {
   EXPECT_EQ(getsAfter, getsBefore);
 }
 
-TEST_F(SoapClientTest, SlowDescriptionIsAMessageNotAFailure) {
+TEST_F(SoapClientTest, DescriptionProblemsAreMessagesNotFailures) {
+  struct Case {
+    const char* name;
+    HttpReply reply;
+    std::string message;
+    bool tables;
+  };
   HttpReply slow;
   slow.timedOut = true;
   slow.body = simWsdl();
-  http.replies.push_back(slow);
-  EXPECT_TRUE(client.INITSOAP());
-  EXPECT_EQ(feedback.messages, std::vector<std::string>{"Unexpected HTTP TimeOut"});
-  EXPECT_FALSE(client.tables().messages.empty());
+  const std::vector<Case> cases = {
+      // A late description is a message; what came is used.
+      {"late", slow, "Unexpected HTTP TimeOut", true},
+      {"not well-formed", ok("<definitions>\n<types></definitions>"),
+       "Error occured when parsing the XML file\nError Code: 14\nLine Number: 2\n"
+       "Line Position: 10\nReason: Start-end tags mismatch", false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    feedback.messages.clear();
+    http.replies.push_back(c.reply);
+    EXPECT_TRUE(client.INITSOAP());
+    EXPECT_EQ(feedback.messages, std::vector<std::string>{c.message});
+    EXPECT_EQ(!client.tables().messages.empty(), c.tables);
+  }
 }
 
 TEST_F(SoapClientTest, MissingKeyIsOneSentenceAndNoRequest) {

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -94,23 +93,6 @@ TEST(RealReplies, FieldsOfKnownReplies) {
   ASSERT_TRUE(fault.Parse(readFile(kReplies / "fault_auth.xml")).ok);
   EXPECT_EQ(fault.fault().faultcode, "AUTH");
   EXPECT_EQ(fault.fault().faultstring.rfind("Invalid Username or Password.", 0), 0u);
-}
-
-TEST(RealReplies, LargestReplyParsesQuickly) {
-  const std::string text = readFile(kReplies / "trs_talkgroups_p25.xml");
-  ASSERT_GT(text.size(), 1000000u);
-  double best = 1e9;
-  for (int run = 0; run < 3; ++run) {
-    const auto start = std::chrono::steady_clock::now();
-    SoapEnvelope envelope;
-    ASSERT_TRUE(envelope.Parse(text).ok);
-    best = std::min(
-        best, std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
-                  .count());
-  }
-  RecordProperty("parse_ms", std::to_string(best));
-  // A generous bound: sanitizer and debug builds must pass as well.
-  EXPECT_LT(best, 500.0);
 }
 
 }  // namespace
