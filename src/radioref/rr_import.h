@@ -155,6 +155,13 @@ struct TrunkSystem {
   std::vector<RRTalkgroupCat> categories;
 };
 
+// Fetches what the window holds once a system is chosen: sites, details, talkgroup
+// categories and the flavor list, with the labels filled in.
+class RRQueries;
+TrunkSystem loadTrunkSystem(RRQueries& queries, int sid);
+// "VHF" or "UHF" for a Motorola system whose frequencies lie in those bands, else "".
+std::string bandLabelFor(const RRSystemDetails& details, const std::vector<RRSite>& sites);
+
 // The rows of one talkgroup category, with the talkgroup filter applied.
 std::vector<TalkgroupRow> talkgroupRows(const std::vector<RRTalkgroup>& talkgroups,
                                         const RRTalkgroupCat& category, const TrunkSystem& system,
