@@ -38,7 +38,7 @@ std::string monthDayYear(const std::string& isoDate);
 std::string commasToSemicolons(std::string text);
 
 // The service tag table: index = tagId, "" for an index without a name (also out of range).
-const std::string& serviceTagName(int tagId);
+std::string serviceTagName(int tagId);
 // The alphabetical list of the same names for the service filter.
 const std::vector<std::string>& serviceFilterNames();
 // The trunk system type table: sType -> "Motorola", "Edacs", ...; "" when the index has none.

@@ -1,5 +1,7 @@
 #include "radioref/xml_text.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 #include <cstdint>
 
@@ -178,30 +180,9 @@ std::string latin1ToUtf8(std::string_view text) {
 }
 
 std::string xmlEscape(std::string_view text) {
-  std::string out;
-  out.reserve(text.size() + 8);
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        out += "&amp;";
-        break;
-      case '<':
-        out += "&lt;";
-        break;
-      case '>':
-        out += "&gt;";
-        break;
-      case '"':
-        out += "&quot;";
-        break;
-      case '\'':
-        out += "&apos;";
-        break;
-      default:
-        out.push_back(c);
-    }
-  }
-  return out;
+  // The markup escape of the whole suite, and the apostrophe too: the text may end up in an
+  // attribute quoted either way.
+  return replaceAll(markupEscape(text), "'", "&apos;");
 }
 
 }  // namespace zel::radioref
