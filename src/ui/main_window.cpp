@@ -144,6 +144,9 @@ void MainWindow::buildMenus() {
   QMenu* import = file->addMenu("&Import");
   addCommand(
       import, "Import CSV File", [this] { openCsvMapper(); }, QKeySequence("Ctrl+I"));
+  addCommand(
+      import, "Import from RadioReference", [this] { openRadioReferenceImport(); },
+      QKeySequence("Ctrl+Shift+R"));
   for (const char* c : {"Import RSF File", "Import System(s) from Database", "Import ZEL XT File",
                         "Import ZEL396/996 File"}) {
     addCommand(import, c, [this, c] { later(c); });

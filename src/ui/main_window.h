@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <functional>
 #include <map>
 #include <memory>
@@ -22,6 +23,9 @@ class QAction;
 class QPrinter;
 
 namespace zel::ui {
+
+struct RRImportPreset;
+class RRImportWindow;
 
 class MainWindow : public QMainWindow, public SelectionHost {
   Q_OBJECT
@@ -46,6 +50,10 @@ class MainWindow : public QMainWindow, public SelectionHost {
   void printReport(QPrinter& printer);
   // Opens a favorites list (.hpd) or a profile (.pfl) into the document.
   bool openPath(const QString& path);
+  // File > Import > Import from RadioReference: opens the import window (or raises it).
+  RRImportWindow* openRadioReferenceImport();
+  // An end point and account the import window starts with in this run only.
+  void setRadioReferencePreset(const RRImportPreset& preset);
 
   // How the window asks for a file name; tests answer instead of a dialog. An empty answer
   // cancels the command.
@@ -147,6 +155,8 @@ class MainWindow : public QMainWindow, public SelectionHost {
   bool filling_ = false;
   FileChooser chooser_;
   std::unique_ptr<class CardRootsHolder> cardRoots_;
+  std::shared_ptr<RRImportPreset> rrPreset_;
+  QPointer<RRImportWindow> rrImport_;
 };
 
 }  // namespace zel::ui

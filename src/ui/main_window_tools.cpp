@@ -1,7 +1,7 @@
 // The windows the main window opens over the grid on show: Find/Replace, Enhanced Find
 // (duplicates and locked-out channels), the CSV mapper, the CSV export of the lists, Edit
 // Banknames over the names of all departments, Edit Departments (the Bulk Channel Editor),
-// and Print.
+// the RadioReference import window, and Print.
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStatusBar>
@@ -22,6 +22,7 @@
 #include "ui/grid_view.h"
 #include "ui/main_window.h"
 #include "ui/qt_feedback.h"
+#include "ui/rr_import_window.h"
 
 namespace zel::ui {
 
@@ -144,6 +145,33 @@ void MainWindow::exportCsvCommand() {
     return;
   }
   statusBar()->showMessage("Done Saving.");
+}
+
+void MainWindow::setRadioReferencePreset(const RRImportPreset& preset) {
+  rrPreset_ = std::make_shared<RRImportPreset>(preset);
+}
+
+RRImportWindow* MainWindow::openRadioReferenceImport() {
+  if (!rrImport_) {
+    RRImportWindow::Setup setup;
+    if (rrPreset_) setup.preset = *rrPreset_;
+    rrImport_ = new RRImportWindow(session_, feedback_, setup, this);
+    rrImport_->setAttribute(Qt::WA_DeleteOnClose);
+    rrImport_->setWindowFlag(Qt::Window);
+    connect(rrImport_, &RRImportWindow::documentNeeded, this, [this] { commitShown(); });
+    // An imported system stands in the tree at once, selected as a New System command
+    // leaves its system.
+    connect(rrImport_, &RRImportWindow::documentChanged, this, [this](const QString& key) {
+      session_.document().changed = true;
+      rebuildVisibleTree(session_.document());
+      afterFilesChanged();
+      selectKey(key);
+    });
+  }
+  rrImport_->show();
+  rrImport_->raise();
+  rrImport_->activateWindow();
+  return rrImport_;
 }
 
 }  // namespace zel::ui
