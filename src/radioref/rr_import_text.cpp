@@ -12,7 +12,9 @@ namespace zel::radioref {
 
 namespace {
 
-void eraseBlanks(std::string& text) { std::erase(text, ' '); }
+void eraseBlanks(std::string& text) {
+  std::erase(text, ' ');
+}
 
 void cutToTagLimit(std::string& text) {
   if (text.size() > static_cast<std::size_t>(kTagLimit)) text.resize(kTagLimit);
@@ -127,7 +129,8 @@ std::string ledColumns(const std::string& service, const std::vector<LedRule>& l
 
 ChannelLines channelLines(const std::string& frequency, const std::string& name,
                           const ToneKind& tone, const std::string& colorCode,
-                          const std::string& service, const std::vector<LedRule>& leds) {
+                          const std::string& service, const std::vector<LedRule>& leds,
+                          bool lockout) {
   const std::string& kind = tone.kind;
   std::string value;
   bool valued = true;
@@ -140,7 +143,7 @@ ChannelLines channelLines(const std::string& frequency, const std::string& name,
   } else {
     valued = false;
   }
-  const std::string head = frequency + "," + name + ",Off,AUTO,";
+  const std::string head = frequency + "," + name + (lockout ? ",On" : ",Off") + ",AUTO,";
   const std::string tail = "," + service + ",Off,2,0,Off,Auto";
   ChannelLines lines;
   if (valued) {

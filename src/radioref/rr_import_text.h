@@ -34,14 +34,16 @@ struct ToneKind {
 ToneKind toneAndMode(const std::string& tone, const std::string& mode);
 
 // The record line and the grid row of a channel. The grid row holds the fields from the
-// frequency on, with the Led columns but without the row number.
+// frequency on, with the Led columns but without the row number. `lockout` sets the avoid
+// field "On" (an encrypted row under "Lock Out Encrypted conventional frequencies").
 struct ChannelLines {
   std::string record;  // "FRQ,..."
   std::string grid;
 };
 ChannelLines channelLines(const std::string& frequency, const std::string& name,
                           const ToneKind& tone, const std::string& colorCode,
-                          const std::string& service, const std::vector<LedRule>& leds);
+                          const std::string& service, const std::vector<LedRule>& leds,
+                          bool lockout = false);
 
 // "," + colour + "," + pattern for each ticked Led row of the service.
 std::string ledColumns(const std::string& service, const std::vector<LedRule>& leds);
