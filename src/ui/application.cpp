@@ -14,6 +14,7 @@
 #include "platform/qt_settings_store.h"
 #include "ui/main_window.h"
 #include "ui/qt_feedback.h"
+#include "ui/rr_import_window.h"
 
 namespace zel::ui {
 
@@ -32,7 +33,14 @@ int runApplication(QApplication& app) {
   QCommandLineOption cardRoot("card-root",
                               "A folder the card manager treats as a scanner's card (repeatable).",
                               "dir");
-  parser.addOptions({demo, dataDir, settingsFile, noReminder, screenshot, cardRoot});
+  QCommandLineOption radioRefEndpoint(
+      "radioref-endpoint",
+      "End point of a RadioReference service for this run (a simulator's): the import window "
+      "opens on it with the demo account (user demo, password demo, key 12345678), which is "
+      "not written into the settings.",
+      "url");
+  parser.addOptions(
+      {demo, dataDir, settingsFile, noReminder, screenshot, cardRoot, radioRefEndpoint});
   parser.process(app);
 
   QString data = parser.value(dataDir);
@@ -53,6 +61,10 @@ int runApplication(QApplication& app) {
 
   MainWindow window(session, feedback);
   for (const QString& root : parser.values(cardRoot)) window.addCardRoot(root);
+  const bool radioRef = parser.isSet(radioRefEndpoint);
+  if (radioRef)
+    window.setRadioReferencePreset(
+        {parser.value(radioRefEndpoint).toStdString(), "demo", "demo", "12345678"});
   if (files.isEmpty() && autoLoad.empty()) {
     buildDemoDocument(session.document(), session.pages(), feedback);
     window.refreshTree();
@@ -65,6 +77,8 @@ int runApplication(QApplication& app) {
       window.grab().save(png);
       app.exit(0);
     });
+  } else if (radioRef) {
+    QTimer::singleShot(300, &window, [&window] { window.openRadioReferenceImport(); });
   } else if (!parser.isSet(noReminder)) {
     QTimer::singleShot(200, &window, [&feedback] {
       feedback.message("Please backup your data and store in a safe place!");

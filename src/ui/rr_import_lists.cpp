@@ -358,7 +358,7 @@ void RRImportWindow::fillTrunkSystem() {
                  q(s.county), q(s.updated), q(s.qkey)});
     item->setData(0, kKeyRole, s.number);
     item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
-    setChecked(item, false);
+    setChecked(item, s.ticked);
   }
   for (const SiteFreqRow& f : siteFreqRows(trunk_)) {
     new QTreeWidgetItem(list2_, {QString::number(f.number), q(f.site), q(f.freq), q(f.lcn),

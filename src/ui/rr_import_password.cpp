@@ -13,7 +13,7 @@ namespace zel::ui {
 
 namespace {
 
-constexpr const char* kSection = "radioref";
+constexpr const char* kSection = "rrimport";
 
 #ifdef ZEL_HAVE_KEYCHAIN
 constexpr const char* kKeychainService = "ZEL536 RadioReference";

@@ -43,7 +43,9 @@ using namespace radioref;
 
 namespace {
 
-constexpr const char* kSection = "radioref";
+// The window's own settings, and the service's (shared with the command line).
+constexpr const char* kSection = "rrimport";
+constexpr const char* kService = "radioref";
 constexpr const char* kDefaultEndpoint = "https://api.radioreference.com/soap2/";
 constexpr const char* kSelect = ">>>  Select  <<<";
 constexpr const char* kStorageFull = "Out of storage space, reached storage limit (30000 objects).";
@@ -101,10 +103,10 @@ void RRImportWindow::setUpClient() {
   c.WorkFolder = (documents / "torvosoap" / "ZEL536").string();
   const std::string endpoint = setup_.preset && !setup_.preset->endpoint.empty()
                                    ? setup_.preset->endpoint
-                                   : settings.getPlain(kSection, "endpoint", kDefaultEndpoint);
+                                   : settings.getPlain(kService, "endpoint", kDefaultEndpoint);
   c.BaseUrl = withSlash(endpoint);
-  c.appKeySetting = settings.getPlain(kSection, "appkey", "");
-  c.versionSetting = settings.getPlain(kSection, "version", "15");
+  c.appKeySetting = settings.getPlain(kService, "appkey", "");
+  c.versionSetting = settings.getPlain(kService, "version", "15");
   c.onInvalidLogin = [this] {
     user_->clear();
     pass_->clear();
@@ -268,7 +270,7 @@ QWidget* RRImportWindow::buildLocationBox() {
   connect(addressBtn_, &QPushButton::clicked, this, [this] { onAddressSearch(); });
   grid->addWidget(new QLabel("Enter Address Search", box), row, 0);
   grid->addLayout(addressRow, row++, 1);
-  if (session_.settingsCodec().getPlain(kSection, "geocode_endpoint", "").empty()) {
+  if (session_.settingsCodec().getPlain(kService, "geocode_endpoint", "").empty()) {
     const QString why =
         "Address search needs a geocoding service: set its end point in the settings "
         "(section \"radioref\", key \"geocode_endpoint\", its key under \"geocode_key\").";
@@ -345,9 +347,9 @@ void RRImportWindow::loadSettings() {
     pass_->setText(fromLatin1(setup_.preset->password));
     appKey_->setText(fromLatin1(setup_.preset->appKey));
   } else {
-    user_->setText(fromLatin1(s.getPlain(kSection, "user", "")));
+    user_->setText(fromLatin1(s.getPlain(kSection, "user", s.getPlain(kService, "user", ""))));
     pass_->setText(fromLatin1(loadPassword()));
-    appKey_->setText(fromLatin1(s.getPlain(kSection, "appkey", "")));
+    appKey_->setText(fromLatin1(s.getPlain(kService, "appkey", "")));
   }
   debug_->setChecked(s.getPlain(kSection, "debug", "0") == "1");
 }
@@ -369,7 +371,7 @@ void RRImportWindow::saveSettings() {
     s.put(kSection, "state", std::to_string(state_cbo_->currentData().toInt()));
   if (setup_.preset) return;  // the run's own account never reaches the settings
   s.put(kSection, "user", toLatin1(user_->text()));
-  if (!appKey_->text().isEmpty()) s.put(kSection, "appkey", toLatin1(appKey_->text()));
+  if (!appKey_->text().isEmpty()) s.put(kService, "appkey", toLatin1(appKey_->text()));
   savePassword(toLatin1(pass_->text()));
 }
 
@@ -443,7 +445,7 @@ void RRImportWindow::login() {
   const std::string key = toLatin1(appKey_->text().trimmed());
   client_->appKeySetting = key;
   client_->RRAppKey = key;
-  if (!key.empty() && !setup_.preset) session_.settingsCodec().put(kSection, "appkey", key);
+  if (!key.empty() && !setup_.preset) session_.settingsCodec().put(kService, "appkey", key);
 
   if (!beginCall()) return;
   timer5Ticks_ = 0;
@@ -679,11 +681,11 @@ void RRImportWindow::onZipCode() {
 
 void RRImportWindow::onAddressSearch() {
   Settings& s = session_.settingsCodec();
-  const std::string endpoint = s.getPlain(kSection, "geocode_endpoint", "");
+  const std::string endpoint = s.getPlain(kService, "geocode_endpoint", "");
   if (endpoint.empty() || address_->text().trimmed().isEmpty() || !beginCall()) return;
   const QString url = QString::fromStdString(endpoint) + "?address=" +
                       QUrl::toPercentEncoding(address_->text().trimmed()) +
-                      "&key=" + fromLatin1(s.getPlain(kSection, "geocode_key", ""));
+                      "&key=" + fromLatin1(s.getPlain(kService, "geocode_key", ""));
   setStatus("Searching the address...");
   const HttpReply reply = setup_.http->get(url.toStdString(), "", "", 30000);
   endCall();

@@ -43,7 +43,11 @@ struct SessionFixture {
   ManualClock clock;
   Session session{store, feedback, clock, dir.file("data")};
 
-  SessionFixture() { session.start(false); }
+  SessionFixture() {
+    // A window test never reads or writes the system's keychain.
+    qputenv("ZEL_NO_KEYCHAIN", "1");
+    session.start(false);
+  }
   Document& doc() { return session.document(); }
   // Reads the real card's list as a file open does; the document is then unchanged.
   bool readCardList() {
