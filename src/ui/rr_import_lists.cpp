@@ -45,6 +45,9 @@ QTreeWidget* makeTree(const char* name, const QString& header, QWidget* parent) 
   tree->setObjectName(name);
   tree->setHeaderLabel(header);
   tree->setMinimumWidth(260);
+  // A node's counts make its text long: the column grows and the tree scrolls sideways.
+  tree->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+  tree->header()->setStretchLastSection(false);
   return tree;
 }
 
@@ -174,7 +177,8 @@ QWidget* RRImportWindow::buildDetailsBox() {
     auto* value = new QLabel(box);
     value->setObjectName(QString("lbl_") + QString(caption).remove(':').remove(' '));
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    value->setMinimumWidth(120);
+    value->setMinimumWidth(110);
+    value->setWordWrap(true);
     auto* label = new QLabel(caption, box);
     label->setStyleSheet("color: palette(mid);");
     grid->addWidget(label, i % 4, (i / 4) * 2);
@@ -190,7 +194,7 @@ QWidget* RRImportWindow::buildDetailsBox() {
   bandPlan_->setMaximumHeight(100);
   bandPlan_->setMinimumWidth(240);
   grid->addWidget(bandPlan_, 0, 7, 4, 1);
-  grid->setColumnStretch(5, 1);
+  for (int c : {1, 3, 5}) grid->setColumnStretch(c, 1);
   return box;
 }
 
@@ -263,6 +267,7 @@ void RRImportWindow::fetchSubcat(QTreeWidgetItem* item) {
                  (encrypted ? " / Encrypted" : "") + ")";
   filling_ = true;
   item->setText(0, text);
+  item->setToolTip(0, text);
   filling_ = false;
   done();
 }
@@ -438,6 +443,7 @@ void RRImportWindow::fetchTalkgroups(QTreeWidgetItem* item) {
                        (full ? " / Full Encrypted" : "") + ")";
   filling_ = true;
   item->setText(0, text);
+  item->setToolTip(0, text);
   filling_ = false;
   done();
 }

@@ -224,6 +224,7 @@ QWidget* RRImportWindow::buildOptionsTab() {
   ul->addWidget(new QLabel("Trunked:", untagged), 1, 0);
   ul->addWidget(untagTrunk_, 1, 1);
   ul->setColumnStretch(1, 1);
+  ul->setRowStretch(2, 1);
   grid->addWidget(untagged, 2, 0);
 
   auto* led = new QGroupBox("Set the default Led Color/Pattern per Service Type:", inner);

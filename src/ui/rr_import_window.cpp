@@ -139,7 +139,8 @@ void RRImportWindow::build() {
   progress2_->setObjectName("ProgressBar2");
   progress2_->setMaximumWidth(160);
   progress2_->setTextVisible(false);
-  progress2_->setRange(0, 1);
+  progress2_->setRange(0, 0);
+  progress2_->setVisible(false);
   bar->addPermanentWidget(progress2_);
   setStatusBar(bar);
 
@@ -203,7 +204,25 @@ QWidget* RRImportWindow::buildLoginTab() {
   form->addRow(note);
   account->setMinimumWidth(330);
   layout->addWidget(account, 0, Qt::AlignTop);
-  layout->addWidget(buildLocationBox(), 1, Qt::AlignTop);
+  auto* right = new QVBoxLayout;
+  right->addWidget(buildLocationBox());
+  auto* steps = new QGroupBox("How to import", page);
+  auto* stepsLayout = new QVBoxLayout(steps);
+  auto* text = new QLabel(
+      "1.  Log in with your account.\n"
+      "2.  Choose country, state and county, or type a zip code and press Enter.\n"
+      "3.  Pick the list: a trunked system, the county's conventional frequencies or an "
+      "agency.\n"
+      "4.  Tick categories on the Conventional tab, or sites and talkgroup categories on the "
+      "Trunked tab.\n"
+      "5.  Check the Options and Service Tags tabs, then press Import: the new system appears "
+      "in the main window's tree.",
+      steps);
+  text->setWordWrap(true);
+  stepsLayout->addWidget(text);
+  right->addWidget(steps);
+  right->addStretch();
+  layout->addLayout(right, 1);
   return page;
 }
 
@@ -306,7 +325,8 @@ QWidget* RRImportWindow::buildBottom() {
   progress1_->setObjectName("ProgressBar1");
   progress1_->setMaximumWidth(140);
   progress1_->setTextVisible(false);
-  progress1_->setRange(0, 1);
+  progress1_->setRange(0, 0);
+  progress1_->setVisible(false);
   row->addWidget(progress1_);
   importBtn_ = new QPushButton("Import", bottom);
   importBtn_->setObjectName("Command2");
@@ -407,16 +427,16 @@ bool RRImportWindow::beginCall() {
   }
   busy_ = true;
   QApplication::setOverrideCursor(Qt::WaitCursor);
-  progress1_->setRange(0, 0);
-  progress2_->setRange(0, 0);
+  progress1_->setVisible(true);
+  progress2_->setVisible(true);
   return true;
 }
 
 void RRImportWindow::endCall() {
   busy_ = false;
   QApplication::restoreOverrideCursor();
-  progress1_->setRange(0, 1);
-  progress2_->setRange(0, 1);
+  progress1_->setVisible(false);
+  progress2_->setVisible(false);
 }
 
 void RRImportWindow::onTimer5() {
@@ -467,12 +487,13 @@ void RRImportWindow::login() {
       break;
   }
   loggedInUser_ = user;
-  expiry_->setText(fromLatin1(outcome.expiry));
+  expiry_->setText("Subscription expires on: " + fromLatin1(outcome.expiry));
   tabs_->setCurrentIndex(0);
   country_cbo_->setFocus();
   // The country of the last run comes back by itself.
   const int stored = std::atoi(session_.settingsCodec().getPlain(kSection, "country", "1").c_str());
   chooseByData(country_cbo_, stored);
+  setStatus(QString::fromStdString(outcome.statusText));
 }
 
 // ---- the walk down --------------------------------------------------------------------------
@@ -718,17 +739,10 @@ void RRImportWindow::importSelected() {
 }
 
 void RRImportWindow::importConventional() {
+  // The builder refuses an empty selection and a full tree in its own words.
   std::vector<ConvRow> rows;
   for (ConvRow& r : conventionalList())
     if (r.ticked) rows.push_back(std::move(r));
-  if (rows.empty()) {
-    feedback_.message("Please select at least one frequency for import.");
-    return;
-  }
-  if (session_.document().data.count() > kTreeLimit) {
-    feedback_.message(kStorageFull);
-    return;
-  }
   emit documentNeeded();
   formats::PageFileRows store(session_.pages());
   const ImportResult r =

@@ -1,7 +1,10 @@
 // The RadioReference import window against the simulated service on 127.0.0.1: it is opened
 // from the main window's File menu, logs in as the demo account, walks from country to
 // county, ticks what to take, imports it, and the main window's tree shows the new system.
+#include <QAbstractButton>
 #include <QCheckBox>
+#include <QDate>
+#include <QTabWidget>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -267,6 +270,32 @@ class RRImportWindowTest : public QObject {
     QVERIFY(department);
   }
 
+  // The Sheriff's rows were updated 3 days, 20 days and years ago.
+  void theUpdateListHoldsTheRowsWithinTheLimit_data() {
+    QTest::addColumn<QString>("limit");
+    QTest::addColumn<int>("listed");
+    QTest::newRow("1 day") << "1 day" << 0;
+    QTest::newRow("7 days") << "7 days" << 1;
+    QTest::newRow("30 days") << "30 days" << 2;
+    QTest::newRow("90 days") << "90 days" << 2;
+  }
+  void theUpdateListHoldsTheRowsWithinTheLimit() {
+    QFETCH(QString, limit);
+    QFETCH(int, listed);
+    Fixture f;
+    f.clock.day = QDate::currentDate().toString(Qt::ISODate).toStdString();
+    RRImportWindow* w = f.atHarbor();
+    Fixture::node(child<QTreeWidget>(w, "TV1"), QString("d%1").arg(kSheriff))
+        ->setCheckState(0, Qt::Checked);
+    auto* days = child<QComboBox>(w, "UpdatedDays");
+    days->setCurrentIndex(days->findText(limit));
+    QCOMPARE(rows(w, "ListView6"), listed);
+    QCOMPARE(rows(w, "ListView3"), 3);  // the list itself keeps every row
+    // Ticking the limit as an option leaves only those rows to import.
+    child<QCheckBox>(w, "updated")->setChecked(true);
+    QCOMPARE(rows(w, "ListView3"), listed);
+  }
+
   void applyFilterRefusesAnEmptySelection() {
     Fixture f;
     RRImportWindow* w = f.open();
@@ -318,6 +347,36 @@ class RRImportWindowTest : public QObject {
     QCOMPARE(s.getPlain("rrimport", "user", "-"), std::string("-"));
     QCOMPARE(s.getPlain("rrimport", "pass", "-"), std::string("-"));
     QCOMPARE(s.getPlain("radioref", "appkey", "-"), std::string(""));
+  }
+
+  // Every caption of every tab fits its widget at the window's first size, with real rows in
+  // the lists. With ZEL_SCREENSHOT_DIR set, each tab is also saved as a picture.
+  void noCaptionIsClippedOnAnyTab() {
+    Fixture f;
+    RRImportWindow* w = f.atHarbor();
+    auto* tv1 = child<QTreeWidget>(w, "TV1");
+    Fixture::node(tv1, QString("d%1").arg(kSheriff))->setCheckState(0, Qt::Checked);
+    Fixture::node(tv1, "d900102")->setCheckState(0, Qt::Checked);
+    w->chooseListType(ui::RRListType::Trunk);
+    Fixture::choose(w, "CboSystem", 0);
+    child<QTreeWidget>(w, "tv2")->topLevelItem(0)->setCheckState(0, Qt::Checked);
+    const QString folder = qEnvironmentVariable("ZEL_SCREENSHOT_DIR");
+    auto* tabs = child<QTabWidget>(w, "SSTab1");
+    for (int t = 0; t < tabs->count(); ++t) {
+      tabs->setCurrentIndex(t);
+      QApplication::processEvents();
+      if (!folder.isEmpty()) w->grab().save(folder + QString("/rr_import_tab%1.png").arg(t));
+      for (QWidget* widget : tabs->currentWidget()->findChildren<QWidget*>()) {
+        if (!widget->isVisibleTo(w)) continue;
+        const bool captioned = qobject_cast<QLabel*>(widget) || qobject_cast<QAbstractButton*>(widget);
+        if (!captioned || (qobject_cast<QLabel*>(widget) && static_cast<QLabel*>(widget)->wordWrap()))
+          continue;
+        QVERIFY2(widget->width() >= widget->minimumSizeHint().width(),
+                 qPrintable(tabs->tabText(t) + ": " + widget->objectName() + " " +
+                            (qobject_cast<QLabel*>(widget) ? static_cast<QLabel*>(widget)->text()
+                                                           : static_cast<QAbstractButton*>(widget)->text())));
+      }
+    }
   }
 };
 
