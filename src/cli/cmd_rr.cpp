@@ -3,6 +3,7 @@
 //   zel rr browse country COID | state STID | county CTID | agency AID | system SID
 //   zel rr browse subcat SCID | talkgroups SID [--cat TGCID] [--tag N] | zip ZIP
 //   zel rr search county CTID FREQ [--tone T] | search state STID FREQ [--tone T]
+//   zel rr import --county CTID --subcat SCID... | --system SID --site SITEID... --out FILE
 // Every record is printed with its own id (coid, stid, ctid, aid, cid, scid, sid, siteId,
 // tgCid) so that an import can take it.
 #include <CLI/CLI.hpp>
@@ -140,6 +141,8 @@ ZEL_COMMAND(70) {
       [](CLI::App& cmd, BrowseArgs& a) {
         cmd.add_option("--tag", a.tag, "Service tag (tagId)")->required();
       });
+
+  addRRImport(*rr, context);
 
   auto* search = rr->add_subcommand("search", "Find a frequency in a county or a state");
   search->require_subcommand(1);

@@ -52,6 +52,9 @@ class RRCliSession {
   std::unique_ptr<radioref::RRQueries> queries_;
 };
 
+// `zel rr import`, added to the rr noun (cmd_rr_import.cpp).
+void addRRImport(CLI::App& rr, Context& context);
+
 // The default end point folder of the service, and the settings that override it.
 inline constexpr const char* kDefaultEndpoint = "https://api.radioreference.com/soap2/";
 
