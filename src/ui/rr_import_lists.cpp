@@ -60,7 +60,9 @@ int keyNumber(const QString& key, QChar letter) {
   return n;
 }
 
-QString q(const std::string& s) { return fromLatin1(s); }
+QString q(const std::string& s) {
+  return fromLatin1(s);
+}
 
 void setChecked(QTreeWidgetItem* item, bool on) {
   item->setCheckState(0, on ? Qt::Checked : Qt::Unchecked);
@@ -83,11 +85,11 @@ QWidget* RRImportWindow::buildConventionalTab() {
   tv1_ = makeTree("TV1", "Categories (tick to fetch frequencies)", split);
   connect(tv1_, &QTreeWidget::itemChanged, this,
           [this](QTreeWidgetItem* item, int column) { onCategoryItemChanged(item, column); });
-  list3_ = makeList("ListView3",
-                    {"Frequencies:", "Description:", "Display:", "Subtone:",
-                     "SubCategory/Category:", "Callsign:", "SubCategory:", "Mode:", "GPS:",
-                     "Service:", "CC", "slut", "upd", "enc", "tg"},
-                    split);
+  list3_ = makeList(
+      "ListView3",
+      {"Frequencies:", "Description:", "Display:", "Subtone:", "SubCategory/Category:", "Callsign:",
+       "SubCategory:", "Mode:", "GPS:", "Service:", "CC", "slut", "upd", "enc", "tg"},
+      split);
   connect(list3_, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
     if (filling_ || column != 0) return;
     ticks_[item->data(0, kKeyRole).toString().toStdString()] = item->checkState(0) == Qt::Checked;
@@ -115,8 +117,7 @@ QWidget* RRImportWindow::buildConventionalTab() {
   none->setObjectName("SelNoneConv");
   for (auto [button, on] : {std::pair{all, true}, std::pair{none, false}}) {
     connect(button, &QPushButton::clicked, this, [this, on = on] {
-      for (int i = 0; i < list3_->topLevelItemCount(); ++i)
-        setChecked(list3_->topLevelItem(i), on);
+      for (int i = 0; i < list3_->topLevelItemCount(); ++i) setChecked(list3_->topLevelItem(i), on);
     });
   }
   row->addWidget(unsupported_);
@@ -169,9 +170,9 @@ QWidget* RRImportWindow::buildTrunkTab() {
 QWidget* RRImportWindow::buildDetailsBox() {
   auto* box = new QGroupBox("System Details", nullptr);
   auto* grid = new QGridLayout(box);
-  const char* captions[] = {"System ID:", "Sites:",   "FleetMap:", "Type:",
-                            "Flavor:",    "Voice:",   "Groups:",   "Updated:",
-                            "Wacn:",      "Latitude:", "Longitude:"};
+  const char* captions[] = {
+      "System ID:", "Sites:",   "FleetMap:", "Type:",     "Flavor:",   "Voice:",
+      "Groups:",    "Updated:", "Wacn:",     "Latitude:", "Longitude:"};
   int i = 0;
   for (const char* caption : captions) {
     auto* value = new QLabel(box);
@@ -366,9 +367,9 @@ void RRImportWindow::fillTrunkSystem() {
     setChecked(item, s.ticked);
   }
   for (const SiteFreqRow& f : siteFreqRows(trunk_)) {
-    new QTreeWidgetItem(list2_, {QString::number(f.number), q(f.site), q(f.freq), q(f.lcn),
-                                 q(f.use), q(f.key), q(f.id), q(f.colorCode), q(f.chId), q(f.ran),
-                                 q(f.freqCount), q(f.nac)});
+    new QTreeWidgetItem(
+        list2_, {QString::number(f.number), q(f.site), q(f.freq), q(f.lcn), q(f.use), q(f.key),
+                 q(f.id), q(f.colorCode), q(f.chId), q(f.ran), q(f.freqCount), q(f.nac)});
   }
   filling_ = false;
   fitColumns(list4_);
@@ -436,11 +437,10 @@ void RRImportWindow::fetchTalkgroups(QTreeWidgetItem* item) {
       std::any_of(tgs.begin(), tgs.end(), [](const RRTalkgroup& t) { return t.enc == "1"; });
   const bool full =
       std::any_of(tgs.begin(), tgs.end(), [](const RRTalkgroup& t) { return t.enc == "2"; });
-  const QString text = item->data(0, kNameRole).toString() +
-                       QString("  (TalkGroups: %1").arg(tgs.size()) +
-                       (tgs.size() == 1 ? " Tgid" : " Tgid's") +
-                       (partial ? " / Partial Encrypted" : "") +
-                       (full ? " / Full Encrypted" : "") + ")";
+  const QString text =
+      item->data(0, kNameRole).toString() + QString("  (TalkGroups: %1").arg(tgs.size()) +
+      (tgs.size() == 1 ? " Tgid" : " Tgid's") + (partial ? " / Partial Encrypted" : "") +
+      (full ? " / Full Encrypted" : "") + ")";
   filling_ = true;
   item->setText(0, text);
   item->setToolTip(0, text);
@@ -463,9 +463,9 @@ void RRImportWindow::refillTalkgroups() {
       const std::string key = "tgr-" + std::to_string(tgCid) + "-" + std::to_string(index++);
       tgRows_[key] = row;
       auto* item = new QTreeWidgetItem(
-          list1_, {QString::number(row.number), q(row.id), q(row.descr), q(row.alpha),
-                   q(row.group), q(row.subfleet), q(row.tag), q(row.mode), q(row.hidden),
-                   q(row.gps), q(row.slot), q(row.date)});
+          list1_, {QString::number(row.number), q(row.id), q(row.descr), q(row.alpha), q(row.group),
+                   q(row.subfleet), q(row.tag), q(row.mode), q(row.hidden), q(row.gps), q(row.slot),
+                   q(row.date)});
       item->setData(0, kKeyRole, QString::fromStdString(key));
       item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
       const auto tick = ticks_.find(key);

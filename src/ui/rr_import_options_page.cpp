@@ -66,9 +66,9 @@ const BoolOption kTrunkOptions[] = {
     {"ccAll", "Import All Control Channels", &ImportOptions::ccAll},
 };
 const char* const kIgnoreModes[] = {"Ignore NXDN mode", "Ignore Dstar/NXDN mode"};
-const char* const kTalkgroupKinds[] = {"Analog Talkgroups",         "Digital Talkgroups",
-                                       "Mixed Analog/Digital",      "TDMA capable talkgroups",
-                                       "Fully Encrypted talkgroups", "Partial Encrypted talkgroups"};
+const char* const kTalkgroupKinds[] = {
+    "Analog Talkgroups",       "Digital Talkgroups",         "Mixed Analog/Digital",
+    "TDMA capable talkgroups", "Fully Encrypted talkgroups", "Partial Encrypted talkgroups"};
 const char* const kDays[] = {"1 day", "7 days", "30 days", "90 days"};
 const int kDayValues[] = {1, 7, 30, 90};
 const char* const kColors[] = {"Off", "Blue", "Red", "Magenta", "Green", "Cyan", "Yellow", "White"};
@@ -83,8 +83,8 @@ const std::vector<std::pair<int, std::string>>& serviceTags() {
       if (!name.empty()) v.emplace_back(id, std::move(name));
     }
     std::sort(v.begin(), v.end(), [](const auto& a, const auto& b) {
-      return QString::fromLatin1(a.second.c_str()).compare(b.second.c_str(),
-                                                            Qt::CaseInsensitive) < 0;
+      return QString::fromLatin1(a.second.c_str()).compare(b.second.c_str(), Qt::CaseInsensitive) <
+             0;
     });
     return v;
   }();
@@ -342,7 +342,8 @@ void RRImportWindow::readOptions() {
   read(kConvOptions);
   read(kTrunkOptions);
   for (int i = 0; i < 2; ++i)
-    options_.ignoreMode[std::size_t(i)] = checks_["ignore_mode" + std::to_string(i + 1)]->isChecked();
+    options_.ignoreMode[std::size_t(i)] =
+        checks_["ignore_mode" + std::to_string(i + 1)]->isChecked();
   for (int i = 0; i < 6; ++i)
     options_.talkgroupFilter[std::size_t(i)] =
         checks_["tfilter" + std::to_string(i + 1)]->isChecked();
@@ -410,8 +411,8 @@ void RRImportWindow::refreshServiceCounts() {
   list7_->clear();
   for (const auto& [tag, count] : ticked) {
     const std::string name = serviceTagName(tag);
-    new QTreeWidgetItem(list7_, {name.empty() ? "(untagged)" : fromLatin1(name),
-                                 QString::number(count)});
+    new QTreeWidgetItem(list7_,
+                        {name.empty() ? "(untagged)" : fromLatin1(name), QString::number(count)});
   }
   filling_ = false;
 }

@@ -37,7 +37,8 @@ std::string RRImportWindow::loadPassword() const {
     job.setAutoDelete(false);
     job.setKey("pass");
     runJob(job);
-    return job.error() == QKeychain::NoError ? job.textData().toLatin1().toStdString() : std::string();
+    return job.error() == QKeychain::NoError ? job.textData().toLatin1().toStdString()
+                                             : std::string();
   }
 #endif
   return settings.getPlain(kSection, "pass", "");

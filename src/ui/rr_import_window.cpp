@@ -30,8 +30,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/new_commands.h"
-#include "formats/row_store.h"
 #include "platform/qt_http_transport.h"
 #include "radioref/rr_readers.h"
 #include "ui/qt_feedback.h"
@@ -48,8 +46,6 @@ constexpr const char* kSection = "rrimport";
 constexpr const char* kService = "radioref";
 constexpr const char* kDefaultEndpoint = "https://api.radioreference.com/soap2/";
 constexpr const char* kSelect = ">>>  Select  <<<";
-constexpr const char* kStorageFull = "Out of storage space, reached storage limit (30000 objects).";
-constexpr std::size_t kTreeLimit = 30000;
 
 std::string withSlash(std::string url) {
   if (!url.empty() && url.back() != '/') url += '/';
@@ -176,8 +172,9 @@ QWidget* RRImportWindow::buildLoginTab() {
   form->addRow(QString(), loginBtn_);
   debug_ = new QCheckBox("debug", account);
   debug_->setObjectName("Check10");
-  debug_->setToolTip("Trace the calls to soaplog.txt (never the password). Right-click: delete "
-                     "the stored service description.");
+  debug_->setToolTip(
+      "Trace the calls to soaplog.txt (never the password). Right-click: delete "
+      "the stored service description.");
   debug_->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(debug_, &QCheckBox::toggled, this, [this](bool on) {
     if (!on) {
@@ -407,7 +404,9 @@ void RRImportWindow::closeEvent(QCloseEvent* event) {
 
 // ---- status and calls ------------------------------------------------------------------------
 
-QString RRImportWindow::statusText() const { return status_->text(); }
+QString RRImportWindow::statusText() const {
+  return status_->text();
+}
 
 void RRImportWindow::setStatus(const QString& text) {
   status_->setText(text);
@@ -418,7 +417,9 @@ void RRImportWindow::waitStatus(int dots) {
   setStatus("Wait retrieving data from database" + QString(std::clamp(dots, 1, 5), '.'));
 }
 
-void RRImportWindow::done() { setStatus("Done"); }
+void RRImportWindow::done() {
+  setStatus("Done");
+}
 
 bool RRImportWindow::beginCall() {
   if (busy_) {
@@ -444,7 +445,9 @@ void RRImportWindow::onTimer5() {
     setStatus("Error, no response from webservice, check firewall/username/password");
 }
 
-std::string RRImportWindow::todayText() const { return session_.clock().date(); }
+std::string RRImportWindow::todayText() const {
+  return session_.clock().date();
+}
 
 // ---- login -------------------------------------------------------------------------------
 
@@ -641,7 +644,8 @@ void RRImportWindow::fillSystemCombo() {
   }
   filling_ = false;
   // A county's own frequencies need no further choice.
-  if (type == RRListType::Conventional && system_cbo_->count() == 2) system_cbo_->setCurrentIndex(1);
+  if (type == RRListType::Conventional && system_cbo_->count() == 2)
+    system_cbo_->setCurrentIndex(1);
 }
 
 void RRImportWindow::onSystem(int index) {
@@ -704,8 +708,8 @@ void RRImportWindow::onAddressSearch() {
   Settings& s = session_.settingsCodec();
   const std::string endpoint = s.getPlain(kService, "geocode_endpoint", "");
   if (endpoint.empty() || address_->text().trimmed().isEmpty() || !beginCall()) return;
-  const QString url = QString::fromStdString(endpoint) + "?address=" +
-                      QUrl::toPercentEncoding(address_->text().trimmed()) +
+  const QString url = QString::fromStdString(endpoint) +
+                      "?address=" + QUrl::toPercentEncoding(address_->text().trimmed()) +
                       "&key=" + fromLatin1(s.getPlain(kService, "geocode_key", ""));
   setStatus("Searching the address...");
   const HttpReply reply = setup_.http->get(url.toStdString(), "", "", 30000);
@@ -717,95 +721,6 @@ void RRImportWindow::onAddressSearch() {
   }
   zip_->setText(QString::fromStdString(code));
   onZipCode();
-}
-
-// ---- import -------------------------------------------------------------------------------
-
-void RRImportWindow::importSelected() {
-  if (busy_) return;
-  const bool noChoice = system_cbo_->currentIndex() <= 0 || county_cbo_->currentIndex() <= 0 ||
-                        system_cbo_->currentText().contains(">  Select") ||
-                        county_cbo_->currentText().contains(">  Select");
-  if (noChoice) {
-    feedback_.beep();
-    setStatus("Select a county and a system first.");
-    return;
-  }
-  readOptions();
-  if (RRListType(typeOpt_->checkedId()) == RRListType::Trunk)
-    importTrunk();
-  else
-    importConventional();
-}
-
-void RRImportWindow::importConventional() {
-  // The builder refuses an empty selection and a full tree in its own words.
-  std::vector<ConvRow> rows;
-  for (ConvRow& r : conventionalList())
-    if (r.ticked) rows.push_back(std::move(r));
-  emit documentNeeded();
-  formats::PageFileRows store(session_.pages());
-  const ImportResult r =
-      maak_detemp245(ImportTarget{session_.document(), store, feedback_, 0},
-                     toLatin1(systemName_->text()), rows, options_);
-  if (!r.ok) return;
-  setStatus(QString("Done: %1 channels in %2 departments.").arg(r.channels).arg(r.departments));
-  emit documentChanged(QString::fromStdString(r.systemKey));
-}
-
-void RRImportWindow::importTrunk() {
-  if (!trunkLoaded_) {
-    feedback_.beep();
-    return;
-  }
-  std::vector<SiteRow> sites;
-  for (SiteRow& s : siteList())
-    if (s.ticked) sites.push_back(std::move(s));
-  if (sites.empty()) {
-    feedback_.message("Please select at least one site.");
-    return;
-  }
-  if (std::none_of(options_.talkgroupFilter.begin(), options_.talkgroupFilter.end(),
-                   [](bool b) { return b; })) {
-    feedback_.message("Error: all tg filters are disabled");
-    return;
-  }
-  const std::string type = importType(trunk_);
-  if (type.empty()) {
-    feedback_.message("trunk system type not supported by this scanner model");
-    return;
-  }
-  if ((type == "LTR" || type.rfind("EDACS", 0) == 0) && sites.size() > 1) {
-    feedback_.message(
-        "Warning: You selected more than one site, your scanner may not trunk this system "
-        "properly.\nPlease select only one site.",
-        "Edacs/LTR LCN warning");
-  }
-  if (session_.document().data.count() > kTreeLimit) {
-    feedback_.message(kStorageFull);
-    return;
-  }
-  std::vector<TalkgroupRow> talkgroups;
-  for (TalkgroupRow& t : talkgroupList())
-    if (t.ticked) talkgroups.push_back(std::move(t));
-  emit documentNeeded();
-  formats::PageFileRows store(session_.pages());
-  TrunkImport input{trunk_, talkgroups, sites, [this](int ctid) -> std::optional<RRCounty> {
-                      if (ctid <= 0 || !beginCall()) return std::nullopt;
-                      rr_->getCountyInfo(ctid);
-                      endCall();
-                      if (rr_->countyInfo.ctid != ctid) return std::nullopt;
-                      return rr_->countyInfo;
-                    }};
-  waitStatus(2);
-  const ImportResult r =
-      importTrunked(ImportTarget{session_.document(), store, feedback_, 0}, input, options_);
-  if (!r.ok) {
-    setStatus({});
-    return;
-  }
-  setStatus(QString("Done: %1 talkgroups, %2 sites.").arg(r.channels).arg(r.sites));
-  emit documentChanged(QString::fromStdString(r.systemKey));
 }
 
 }  // namespace zel::ui

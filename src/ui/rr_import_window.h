@@ -3,7 +3,8 @@
 // categories, and import what is ticked into the document as a new system.
 //
 // The window is split by concern:
-//   rr_import_window.cpp        the shell, the login, the walk down, the zip code, the import
+//   rr_import_window.cpp        the shell, the login, the walk down, the zip code, settings
+//   rr_import_commands.cpp      the import button
 //   rr_import_lists.cpp         the category trees and the lists of rows
 //   rr_import_options_page.cpp  the options, service tags, Led table and update tabs
 //   rr_import_password.cpp      where the password is kept (keychain or settings)
@@ -172,21 +173,21 @@ class RRImportWindow : public QMainWindow {
   radioref::RRState state_;
   radioref::RRCounty county_;
   bool statewide_ = false;
-  std::vector<radioref::RRSystemRef> systems_;    // CboSystem's trunked entries
-  std::vector<radioref::RRAgencyRef> agencies_;   // CboSystem's agency entries
-  std::string locationName_;                      // the county or agency on show
+  std::vector<radioref::RRSystemRef> systems_;      // CboSystem's trunked entries
+  std::vector<radioref::RRAgencyRef> agencies_;     // CboSystem's agency entries
+  std::string locationName_;                        // the county or agency on show
   std::map<int, radioref::RRCategory> categoryOf_;  // scid -> its category (with subcats)
   radioref::TrunkSystem trunk_;
   bool trunkLoaded_ = false;
 
   // The replies of the ticked nodes, so that a changed filter can fill the lists again.
-  std::map<int, std::vector<radioref::RRFrequency>> subcatFreqs_;        // scid
+  std::map<int, std::vector<radioref::RRFrequency>> subcatFreqs_;         // scid
   std::map<int, std::vector<radioref::RRTalkgroup>> categoryTalkgroups_;  // tgCid
-  std::vector<int> subcatOrder_;    // in the order they were ticked
-  std::vector<int> categoryOrder_;  // tgCid, in the order they were ticked
-  std::map<std::string, radioref::ConvRow> convRows_;       // "cvfr-..." -> row
-  std::map<std::string, radioref::TalkgroupRow> tgRows_;    // "tgr-..." -> row
-  std::map<std::string, bool> ticks_;  // row key -> the tick the user gave it
+  std::vector<int> subcatOrder_;                          // in the order they were ticked
+  std::vector<int> categoryOrder_;                        // tgCid, in the order they were ticked
+  std::map<std::string, radioref::ConvRow> convRows_;     // "cvfr-..." -> row
+  std::map<std::string, radioref::TalkgroupRow> tgRows_;  // "tgr-..." -> row
+  std::map<std::string, bool> ticks_;                     // row key -> the tick the user gave it
 
   bool busy_ = false;
   bool filling_ = false;

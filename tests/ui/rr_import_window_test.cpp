@@ -1,18 +1,19 @@
 // The RadioReference import window against the simulated service on 127.0.0.1: it is opened
 // from the main window's File menu, logs in as the demo account, walks from country to
 // county, ticks what to take, imports it, and the main window's tree shows the new system.
+#include "ui/rr_import_window.h"
+
 #include <QAbstractButton>
 #include <QCheckBox>
-#include <QDate>
-#include <QTabWidget>
 #include <QComboBox>
+#include <QDate>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabWidget>
 #include <QTreeWidget>
 #include <QtTest>
 
 #include "sim/radioref_sim.h"
-#include "ui/rr_import_window.h"
 #include "ui/window_fixture.h"
 
 using namespace zel;
@@ -82,7 +83,9 @@ struct Fixture : WindowFixture {
   }
 };
 
-int rows(QWidget* w, const char* list) { return child<QTreeWidget>(w, list)->topLevelItemCount(); }
+int rows(QWidget* w, const char* list) {
+  return child<QTreeWidget>(w, list)->topLevelItemCount();
+}
 
 }  // namespace
 
@@ -109,8 +112,12 @@ class RRImportWindowTest : public QObject {
     QTest::addColumn<QString>("user");
     QTest::addColumn<QString>("password");
     QTest::addColumn<QString>("said");
-    QTest::newRow("no user") << "" << "demo" << "user name";
-    QTest::newRow("no password") << "demo" << "" << "password";
+    QTest::newRow("no user") << ""
+                             << "demo"
+                             << "user name";
+    QTest::newRow("no password") << "demo"
+                                 << ""
+                                 << "password";
   }
   void loginRefusesMissingFields() {
     QFETCH(QString, user);
@@ -221,7 +228,9 @@ class RRImportWindowTest : public QObject {
     for (int i = 0; i < rows(w, "ListView4"); ++i)
       child<QTreeWidget>(w, "ListView4")->topLevelItem(i)->setCheckState(0, Qt::Unchecked);
     click(w, "Command2");
-    QVERIFY(f.saidWord("Please select at least one site."));
+    QCOMPARE(std::count(f.feedback.messages.begin(), f.feedback.messages.end(),
+                        "Please select at least one site."),
+             1);
     child<QTreeWidget>(w, "ListView4")->topLevelItem(0)->setCheckState(0, Qt::Checked);
     for (int i = 1; i <= 6; ++i)
       child<QCheckBox>(w, QString("tfilter%1").arg(i))->setChecked(false);
@@ -368,13 +377,16 @@ class RRImportWindowTest : public QObject {
       if (!folder.isEmpty()) w->grab().save(folder + QString("/rr_import_tab%1.png").arg(t));
       for (QWidget* widget : tabs->currentWidget()->findChildren<QWidget*>()) {
         if (!widget->isVisibleTo(w)) continue;
-        const bool captioned = qobject_cast<QLabel*>(widget) || qobject_cast<QAbstractButton*>(widget);
-        if (!captioned || (qobject_cast<QLabel*>(widget) && static_cast<QLabel*>(widget)->wordWrap()))
+        const bool captioned =
+            qobject_cast<QLabel*>(widget) || qobject_cast<QAbstractButton*>(widget);
+        if (!captioned ||
+            (qobject_cast<QLabel*>(widget) && static_cast<QLabel*>(widget)->wordWrap()))
           continue;
         QVERIFY2(widget->width() >= widget->minimumSizeHint().width(),
                  qPrintable(tabs->tabText(t) + ": " + widget->objectName() + " " +
-                            (qobject_cast<QLabel*>(widget) ? static_cast<QLabel*>(widget)->text()
-                                                           : static_cast<QAbstractButton*>(widget)->text())));
+                            (qobject_cast<QLabel*>(widget)
+                                 ? static_cast<QLabel*>(widget)->text()
+                                 : static_cast<QAbstractButton*>(widget)->text())));
       }
     }
   }
