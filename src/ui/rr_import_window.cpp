@@ -514,21 +514,30 @@ bool RRImportWindow::chooseByData(QComboBox* combo, int id) {
 void RRImportWindow::clearLists() {
   filling_ = true;
   tv1_->clear();
-  tv2_->clear();
-  for (QTreeWidget* l : {list1_, list2_, list3_, list4_, list6_}) l->clear();
+  list3_->clear();
   filling_ = false;
   subcatFreqs_.clear();
-  categoryTalkgroups_.clear();
   subcatOrder_.clear();
-  categoryOrder_.clear();
   convRows_.clear();
-  tgRows_.clear();
-  ticks_.clear();
   categoryOf_.clear();
+  ticks_.clear();
+  clearTrunkLists();
+}
+
+// A newly chosen trunked system replaces the trunked lists; the county's conventional
+// frequencies stay for a later conventional import.
+void RRImportWindow::clearTrunkLists() {
+  filling_ = true;
+  list1_->clear();
+  filling_ = false;
+  categoryTalkgroups_.clear();
+  categoryOrder_.clear();
+  tgRows_.clear();
   trunk_ = {};
   trunkLoaded_ = false;
   fillTrunkSystem();
   refreshServiceCounts();
+  refreshUpdates();
 }
 
 void RRImportWindow::onCountry(int index) {
@@ -676,7 +685,7 @@ void RRImportWindow::onSystem(int index) {
 
 void RRImportWindow::selectTrunkSystem(const RRSystemRef& ref) {
   if (!beginCall()) return;
-  clearLists();
+  clearTrunkLists();
   waitStatus(5);
   trunk_ = loadTrunkSystem(*rr_, ref.sid);
   endCall();

@@ -124,6 +124,7 @@ class RRImportWindow : public QMainWindow {
   void onAddressSearch();
   bool chooseByData(QComboBox* combo, int id);
   void clearLists();
+  void clearTrunkLists();
   void importConventional();
   void importTrunk();
   std::string todayText() const;
