@@ -37,8 +37,8 @@ std::string RRImportWindow::loadPassword() const {
     job.setAutoDelete(false);
     job.setKey("pass");
     runJob(job);
-    return job.error() == QKeychain::NoError ? job.textData().toLatin1().toStdString()
-                                             : std::string();
+    // A keychain that cannot be reached (no session bus) left the password in the settings.
+    if (job.error() == QKeychain::NoError) return job.textData().toLatin1().toStdString();
   }
 #endif
   return settings.getPlain(kSection, "pass", "");

@@ -155,6 +155,21 @@ class RRImportWindowTest : public QObject {
     QCOMPARE(w->statusText(), QString("INIT not ok, check firewall settings."));
   }
 
+  void theDebugBoxTracesTheCallsToTheLog() {
+    Fixture f;
+    RRImportWindow* w = f.open();
+    const std::string log = f.dir.file("soaplog.txt");  // beside the data folder
+    child<QCheckBox>(w, "Check10")->setChecked(true);
+    child<QLineEdit>(w, "UNameTxt")->setText("demo");
+    child<QLineEdit>(w, "UPassTxt")->setText("demo");
+    click(w, "LogInBtn");
+    QVERIFY(slurp(log).find("Login") != std::string::npos);
+    const auto size = slurp(log).size();
+    child<QCheckBox>(w, "Check10")->setChecked(false);
+    Fixture::choose(w, "CboState", kAshland);
+    QCOMPARE(slurp(log).size(), size);  // off again: nothing more is written
+  }
+
   void loginFillsTheStatesUnderTheirHead() {
     Fixture f;
     RRImportWindow* w = f.loggedIn();
@@ -197,6 +212,19 @@ class RRImportWindowTest : public QObject {
     sheriff->setCheckState(0, Qt::Unchecked);
     QCOMPARE(rows(w, "ListView3"), 0);
     QCOMPARE(sheriff->text(0), QString("Sheriff"));
+  }
+
+  void anAgencyReplacesTheCategoriesWithItsOwn() {
+    Fixture f;
+    RRImportWindow* w = f.atHarbor();
+    w->chooseListType(ui::RRListType::Agency);
+    auto* systems = child<QComboBox>(w, "CboSystem");
+    QCOMPARE(systems->itemText(1), QString("Harbor Port Authority"));
+    systems->setCurrentIndex(1);
+    auto* tv1 = child<QTreeWidget>(w, "TV1");
+    QVERIFY(Fixture::node(tv1, "d900117"));  // "Harbor Ops"
+    QVERIFY(!Fixture::node(tv1, QString("d%1").arg(kSheriff)));
+    QCOMPARE(child<QLineEdit>(w, "SysNameTxt")->text(), QString("Harbor Port Authority"));
   }
 
   void conventionalImportStandsInTheMainTree() {
