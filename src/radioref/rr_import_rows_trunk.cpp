@@ -58,8 +58,8 @@ std::string listId(const RRTalkgroup& tg, const std::string& typeName) {
 std::vector<TalkgroupRow> talkgroupRows(const std::vector<RRTalkgroup>& talkgroups,
                                         const RRTalkgroupCat& category, const TrunkSystem& system,
                                         const ImportOptions& options, int firstNumber) {
-  const std::string gps = coordinate(category.lat) + "," + coordinate(category.lon) + "," +
-                          coordinate(category.range);
+  const std::string gps =
+      coordinate(category.lat) + "," + coordinate(category.lon) + "," + coordinate(category.range);
   std::vector<TalkgroupRow> rows;
   int number = firstNumber;
   for (const RRTalkgroup& tg : talkgroups) {

@@ -34,7 +34,9 @@ std::string stepText(double khz) {
   return more;
 }
 
-bool near(double a, double b) { return std::fabs(a - b) < 1e-6; }
+bool near(double a, double b) {
+  return std::fabs(a - b) < 1e-6;
+}
 
 FrequencyForm formOf(const std::string& importType) {
   if (importType == "LTR" || importType.starts_with("EDACS")) return FrequencyForm::Lcn;
@@ -69,8 +71,8 @@ std::string siteTail(const SiteTailCase& c) {
 
 std::vector<RebandRow> load_reband() {
   return {
-      {440, 559, 25.0, 851.025},  {0, 719, 25.0, 851.0125},    {720, 759, 25.0, 848.000},
-      {815, 831, 25.0, 846.625},  {958, 1022, 25.0, 868.975},  {961, 1022, 25.0, 843.4},
+      {440, 559, 25.0, 851.025}, {0, 719, 25.0, 851.0125},   {720, 759, 25.0, 848.000},
+      {815, 831, 25.0, 846.625}, {958, 1022, 25.0, 868.975}, {961, 1022, 25.0, 843.4},
   };
 }
 
@@ -179,8 +181,8 @@ std::string create_site245(SiteBuild& b, const SiteRow& row, bool rebanded, bool
   const int siteNumber = site ? site->siteNumber : row.siteId;
   std::string line = "SIF,Site,SiteId=" + std::to_string(siteNumber) +
                      ",TrunkId=" + std::to_string(b.importNumber) + "," + name + ",Off," +
-                     formatFixed(lat, 6) + "," + formatFixed(lon, 6) + "," +
-                     formatFixed(range, 1) + siteTail(tailCase);
+                     formatFixed(lat, 6) + "," + formatFixed(lon, 6) + "," + formatFixed(range, 1) +
+                     siteTail(tailCase);
   if (b.options.qkeysSites) {
     line = record::withField(line, 17, std::to_string(std::min(row.number, 99)));
   }
@@ -192,8 +194,8 @@ std::string create_site245(SiteBuild& b, const SiteRow& row, bool rebanded, bool
 
   const std::string type = importType(b.trunk);
   const FrequencyForm form = formOf(type);
-  const bool area = b.trunk.flavorText == "Icom IDAS Type D" ||
-                    b.trunk.flavorText == "Icom IDAS Type C";
+  const bool area =
+      b.trunk.flavorText == "Icom IDAS Type D" || b.trunk.flavorText == "Icom IDAS Type C";
   int taken = 0;
   for (const SiteFreqRow& f : b.frequencyRows) {
     if (taken >= kMaxSiteFrequencies) break;

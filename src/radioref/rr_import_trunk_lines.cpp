@@ -1,4 +1,6 @@
 // The system and talkgroup line rules of the trunked import.
+#include "radioref/rr_import_trunk_lines.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -6,7 +8,6 @@
 
 #include "core/text.h"
 #include "grid/cell_commit_talkgroup.h"
-#include "radioref/rr_import_trunk_lines.h"
 #include "radioref/rr_readers.h"
 
 namespace zel::radioref {

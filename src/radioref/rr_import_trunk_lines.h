@@ -71,8 +71,8 @@ inline constexpr const char* kDefaultDepartment = "Department: 1 ";
 // ---- Sites ----------------------------------------------------------------------------------
 
 struct SiteTailCase {
-  std::string typeName;    // the system's sType name ("Project 25", "Motorola", ...)
-  std::string flavorCode;  // "10", "11", ...
+  std::string typeName;      // the system's sType name ("Project 25", "Motorola", ...)
+  std::string flavorCode;    // "10", "11", ...
   bool hasBandPlan = false;  // the system or this site has a band plan
   bool rebanded = false;     // the flags as the import takes them (Motorola only)
   bool splinter = false;

@@ -135,8 +135,7 @@ bool TrunkBuilder::create_data245(const std::string& type) {
   const std::string updated =
       !trunk.ref.lastUpdated.empty() ? trunk.ref.lastUpdated : trunk.details.lastUpdated;
   const std::string key = keys::system(number);
-  doc.data.add({}, key,
-               systemLine(header, number, name, headerDate(updated), target_.fileNumber));
+  doc.data.add({}, key, systemLine(header, number, name, headerDate(updated), target_.fileNumber));
   doc.systems.clearRow(number);
   doc.systems.markInUse(number, true);
   doc.systems.set(number, 1, name);

@@ -46,10 +46,10 @@ auto readReply(const std::string& file, Read read) {
 }
 
 struct Case {
-  std::string name;  // the file suffix: trs_details_<name>.xml and so on
+  std::string name;    // the file suffix: trs_details_<name>.xml and so on
   bool categoryReply;  // a trs_talkgroup_cats_<name>.xml was recorded
   std::string systemLine;
-  std::string siteLine;  // SIT-001-001
+  std::string siteLine;                            // SIT-001-001
   std::map<std::string, std::string> frequencies;  // TFQ keys of the first site
   std::string departmentKey;
   std::string departmentLine;
@@ -80,7 +80,8 @@ const std::vector<Case> kCases = {
      "GIN,C-Group,CGroupId=0,AgencyId=0,University of Iowa,Off,41.6611277,-91.5301683,5,,,",
      {"1,52353,Campus Guard 2,Off,Digital,Security,2,0,Off,Auto,,,,,Any",
       "2,52351,Campus Dispatch,Off,Digital,Law Dispatch,2,0,Off,Auto,,,,,Any"},
-     35, "7"},
+     35,
+     "7"},
     // DMR Tier 3 (sType 12, flavor 38 "Tier 3 Standard") -> "MotoTRBO": code 8, second text
     // ",DMR,". Site "Adams" 43.55762/-92.68207/25. LCN 1 855.7875 and LCN 2 856.9125, no
     // colour code -> "Srch". Talkgroups grouped by tgCid, first 23606: 6001 "Mason City
@@ -95,7 +96,8 @@ const std::vector<Case> kCases = {
      "GIN,C-Group,CGroupId=0,AgencyId=0,Group 23606,Off,0.000000,-00.000000,0.0,,,",
      {"1,6001,Mason City Operations,Off,Digital,Utilities,2,0,Off,Auto,,,,,Any",
       "2,6000,Spirit Lake Operations,Off,Digital,Utilities,2,0,Off,Auto,,,,,Any"},
-     129, "8"},
+     129,
+     "8"},
     // Capacity Plus (flavor 31) -> "MotoTRBO". Site "Cedar Rapids" 41.93278/-91.71878/15;
     // colour code 1 on each frequency. Talkgroup 109 "Ops 109", T, tag 17 Business.
     {"capplus",
@@ -108,7 +110,8 @@ const std::vector<Case> kCases = {
      "GIN,C-Group,CGroupId=0,AgencyId=0,Group 34951,Off,0.000000,-00.000000,0.0,,,",
      {"1,109,Ops 109,Off,Digital,Business,2,0,Off,Auto,,,,,Any",
       "2,110,Ops 110,Off,Digital,Business,2,0,Off,Auto,,,,,Any"},
-     1, "8"},
+     1,
+     "8"},
     // Conventional networked DMR (flavor 43, "Conventional Networked") -> "DMR One
     // Frequency": code 9. Site "Waukee" with siteNumber 310011, one frequency 146.755 CC 1.
     // Talkgroup 3119 "Statewide Calling Talkgroup" T, tag 13 Ham; 31190 "Chat".
@@ -123,7 +126,8 @@ const std::vector<Case> kCases = {
      "GIN,C-Group,CGroupId=0,AgencyId=0,Group 25187,Off,0.000000,-00.000000,0.0,,,",
      {"1,3119,Statewide Calling Talkgroup,Off,Digital,Ham,2,0,Off,Auto,,,,,Any",
       "2,31190,Chat,Off,Digital,Ham,2,0,Off,Auto,,,,,Any"},
-     36, "9"},
+     36,
+     "9"},
     // NXDN (sType 11, flavor 42 "NEXEDGE 4800") -> "Nxdn": code 10. Site "Palo" at 0,0 in
     // county 841, whose reply gives 42.077/-91.611/19.24. RAN 1 -> "RAN=1" after an empty
     // colour code. Talkgroup 10 "Ops 10", D, tag 34 Utilities.
@@ -139,7 +143,8 @@ const std::vector<Case> kCases = {
      "GIN,C-Group,CGroupId=0,AgencyId=0,Group 35809,Off,0.000000,-00.000000,0.0,,,",
      {"1,10,Ops 10,Off,Digital,Utilities,2,0,Off,Auto,,,,,Any",
       "2,20,Ops 20,Off,Digital,Utilities,2,0,Off,Auto,,,,,Any"},
-     1, "10"},
+     1,
+     "10"},
     // EDACS (sType 2 "Edacs", flavor 8) -> "EDACS STANDARD": code 2. Site "East System",
     // siteNumber 11, at 0,0 in county 344, for which no county reply was recorded: it stays
     // at 0,0. LCN form. Talkgroups by tgCid, first 1708: 341 "Courthouse Transportation"
@@ -154,7 +159,8 @@ const std::vector<Case> kCases = {
      "GRP-999-001-001",
      "GIN,C-Group,CGroupId=0,AgencyId=0,Group 1708,Off,0.000000,-00.000000,0.0,,,",
      {"1,341,Courthouse Transportation,Off,Digital,Law Tac,2,0,Off,Auto,,,,,"},
-     2, "2"},
+     2,
+     "2"},
 };
 
 class TrunkedRealImport : public ::testing::TestWithParam<Case> {};
@@ -177,8 +183,7 @@ TEST_P(TrunkedRealImport, ImportsTheSystemAsWorkedOut) {
   }
   system.bandLabel = bandLabelFor(d, system.sites);
   if (c.categoryReply) {
-    system.categories =
-        readReply("trs_talkgroup_cats_" + c.name + ".xml", readTalkgroupCats);
+    system.categories = readReply("trs_talkgroup_cats_" + c.name + ".xml", readTalkgroupCats);
   } else {
     // No category reply was recorded: one category a tgCid, in the order they first come.
     for (const RRTalkgroup& t : talkgroups) {
