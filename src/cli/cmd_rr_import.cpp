@@ -84,6 +84,10 @@ ImportOptions optionsFrom(const ImportArgs& a) {
   return o;
 }
 
+std::string counted(int n, const std::string& one, const std::string& many = {}) {
+  return std::to_string(n) + " " + (n == 1 ? one : many.empty() ? one + "s" : many);
+}
+
 // A progress line on a terminal only.
 void progress(const std::string& text) {
   if (isatty(STDERR_FILENO)) std::cerr << "\r" << text << "\x1b[K" << std::flush;
@@ -278,9 +282,13 @@ void addRRImport(CLI::App& rr, Context& context) {
     if (a->connection.json) {
       printJson(std::cout, l);
     } else {
-      std::cout << "Imported " << result.systemKey << ": " << result.departments
-                << " departments, " << result.channels << (conventional ? " channels" : " talkgroups");
-      if (!conventional) std::cout << ", " << result.sites << " sites, " << result.frequencies << " frequencies";
+      std::cout << "Imported " << result.systemKey << ": "
+                << counted(result.departments, "department") << ", "
+                << counted(result.channels, conventional ? "channel" : "talkgroup");
+      if (!conventional) {
+        std::cout << ", " << counted(result.sites, "site") << ", "
+                  << counted(result.frequencies, "frequency", "frequencies");
+      }
       std::cout << " into " << (a->out.empty() ? a->into : a->out) << "\n";
     }
   });
