@@ -52,7 +52,7 @@ enum class SweepState { Stopped, Programmed, Streaming };
 // Four rows by bin: 0 live value, 1 lowest held, 2 last reading with filter, 3 highest held.
 struct Traces {
   std::array<std::vector<double>, 4> rows;
-  void resize(std::size_t bins);
+  void resize(std::size_t bins);  // in traces.cpp: every row `bins` zeros
 };
 
 // A row of the statistics list, key "A" + bin.
