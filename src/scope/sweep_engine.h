@@ -11,10 +11,17 @@
 //
 // Stopped -> Programmed -> Streaming. Timers are data: the host calls onTimer1() (stream),
 // onTimer2()/onTimer3() (SDS waterfall data) at the intervals the engine asks for.
+//
+// Sizes: `stepCount` is overwritten with 250 after the timer interval is chosen (the display
+// is 250 points wide), but the range may hold up to 3200 steps. The traces and the per-bin
+// counts are therefore sized by the real steps (`realSteps` + 1 bins, at least 250), so that
+// every bin the stream can name is inside the arrays; a bin beyond them is not valid and is
+// skipped.
 #include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "control/event_pump.h"
@@ -44,7 +51,7 @@ struct SweepRequest {
   int noiseFilterIndex = 0;    // Combo5 "Noise Filter:"
   int amplifyIndex = 0;        // Combo6 "Amplify:"
   bool forceSql = false;       // Check6 with its level
-  int forceSqlLevel = 0;       // HScroll1
+  int forceSqlLevel = 0;       // HScroll1: levels at or above it count as open squelch
 };
 
 enum class SweepState { Stopped, Programmed, Streaming };
@@ -97,7 +104,10 @@ class SweepEngine {
 
   // Timer1: at most 1000 stream lines a tick, then one draw.
   void onTimer1();
-  // SDS: Timer2 sends "GWF,1" and hands over to Timer3, which reads the values.
+  // SDS: Timer2 sends "GWF,1" and hands over to Timer3, which reads the values into row 0
+  // and hands back. Start/Update on an SDS starts Timer2 instead of programming a search.
+  // A frame with values counts as a sweep; as the frame has no squelch flag, a level counts
+  // as a hit only through the log threshold (forceSql at forceSqlLevel).
   void onTimer2();
   void onTimer3();
 
@@ -123,20 +133,41 @@ class SweepEngine {
   std::string label9;        // "Resolution: ... kHz Steps: ... Sweepcount: ..."
   std::string label8;        // "ATT ON" or ""
   std::string label3;        // the highest frequency of the sweep running
+  std::array<std::string, 3> label6;  // low edge, high edge, middle (MHz)
   std::string lastFrequency, lastLevel;  // Label5(0), Label5(1)
+  bool showLiveFrequency = false;        // Label10(4) green: Label9 follows the stream
   std::vector<std::string> streamLines;  // List1, newest last (kept short)
   std::vector<std::string> openLines;    // List2: frequency, level, time, date of sql "1"
   int cursorBin = 0;
 
-  // Called after each tick's lines: draw the graph and scroll the waterfall when a sweep
-  // wrapped (`sweepEnded`), or just redraw the graph.
+  // Drawing: called with true at the moment a sweep ends (refresh the graph, add a row to
+  // the waterfall: the traces hold the finished sweep), and with false after each tick's
+  // lines (draw the graph).
   std::function<void(bool sweepEnded)> onDraw;
+  // Called for every counted hit, after the counts were raised.
+  std::function<void(int bin, int level, std::int32_t frequency)> onHit;
+
+  // Bins of the arrays (the real steps + 1, at least 250) and the frequency of a bin. On the
+  // SDS path the frame's 250 levels are spread over the range.
+  int binCount() const { return static_cast<int>(bins_.size()); }
+  std::int32_t binFrequency(int bin) const;
+  // The step code the scanner gets ("1250" when nothing is chosen).
+  std::string stepCode() const;
+  // "01462000" -> "0146.2000": four digits, ".", the rest.
+  static std::string frequencyText(std::string_view digits);
+  // Hour 0..23 of "HH:MM:SS"; weekday 1 (Sunday) .. 7 of "YYYY-MM-DD"; 0 when unreadable.
+  static int hourIndex(std::string_view timeOfDay);
+  static int dayIndex(std::string_view date);
 
  private:
   void send(const std::string& command);
-  void readLine(const std::string& line, bool& wrapped);
-  void countHit(int bin, int rssi, std::int32_t frequency);
+  void readLine(std::string_view line);
+  void countHit(int bin, int rssi, std::int32_t frequency, std::string freqText);
   void endSweep();
+  void updatePercentages();
+  void showCounters();
+  void resetArrays(int bins);
+  bool refuse(const std::string& message);
 
   SweepPorts ports_;
   SweepState state_ = SweepState::Stopped;
@@ -147,9 +178,11 @@ class SweepEngine {
   SweepRequest request_;
   std::int32_t highestSeen_ = 0;
   bool firstLine_ = true;
+  std::string stepCaption_;
   struct BinCounts {
     long long hits = 0;
     int maxSignal = 0;
+    int row = -1;  // index in `stats`, -1 before the first hit
     std::string freqText;
     std::array<long long, 25> hours{};
     std::array<long long, 8> days{};
@@ -161,9 +194,13 @@ class SweepEngine {
 struct ScopeSettings {
   SweepRequest request;
   int rangeIndex = 9;  // bc_range
-  bool saveWaterfall = false;
-  int gain = 0, shift = 0;
-  std::string port;
+  bool saveWaterfall = false;  // bc_sw
+  int gain = 0, shift = 0;     // bs_gain, bs_shift
+  std::string port;            // usbporttext
+  std::string com;             // com
+  bool chk1 = false, chk2 = false;    // bc_chk1, bc_chk2
+  bool view1 = false, view2 = false;  // bc_view1, bc_view2
+  int left = 0, top = 0, height = 0;  // bc_left, bc_top, bc_height
   static ScopeSettings load(const SettingsStore& store);
   void save(SettingsStore& store) const;
 };
