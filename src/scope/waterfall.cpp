@@ -78,13 +78,13 @@ Raster Waterfall::render(int width, int rowLimit) const {
   Raster picture(width, steps_ > 0 ? height : 0);
   if (picture.width == 0 || picture.height == 0) return picture;
 
-  // Which bin each column shows: bin i spans (i-1)*dx .. i*dx, at least its first pixel; a
-  // later bin on the same pixel wins.
+  // Which bin each column shows: bin i spans the pixels from (i-1)*dx up to i*dx, so the
+  // spans meet with no gap; where dx < 1 several bins start on one pixel and the last shows.
   std::vector<int> binOf(static_cast<std::size_t>(width), 0);
   for (long long i = 1; i <= steps_; ++i) {
     const int x0 = static_cast<int>((i - 1) * width / steps_);
     const int x1 = std::min(static_cast<int>(i * width / steps_), width);
-    for (int x = x0; x < std::max(x1, x0 + 1) && x < width; ++x) binOf[x] = static_cast<int>(i - 1);
+    for (int x = x0; x < x1; ++x) binOf[x] = static_cast<int>(i - 1);
   }
 
   const auto& colours = colourMap();
