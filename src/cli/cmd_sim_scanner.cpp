@@ -20,6 +20,7 @@ struct SimScannerArgs {
   unsigned seed = 1;
   std::string list;
   double activity = 0.15;
+  int sweepRate = 400;
   zel::sim::SimFaults faults;
   bool verbose = false;
 };
@@ -42,6 +43,10 @@ ZEL_COMMAND(61) {
   cmd->add_option("--activity", args->activity, "Share of channels that carry a transmission")
       ->check(CLI::Range(0.0, 1.0))
       ->capture_default_str();
+  cmd->add_option("--sweep-rate", args->sweepRate,
+                  "Steps a second of the custom search stream (the bandscope's data)")
+      ->check(CLI::Range(1, 100000))
+      ->capture_default_str();
   cmd->add_option("--silent-after", args->faults.silentAfter,
                   "Fault: stop answering this many seconds after the start");
   cmd->add_option("--silent-for", args->faults.silentFor,
@@ -57,6 +62,7 @@ ZEL_COMMAND(61) {
     options.model = args->model;
     options.seed = args->seed;
     options.activity = args->activity;
+    options.searchStepsPerSecond = args->sweepRate;
     if (!args->list.empty()) {
       zel::sim::ScanListRead read = zel::sim::readScanList(args->list);
       if (!read.ok) throw zel::cli::UserError{read.message};

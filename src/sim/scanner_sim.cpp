@@ -36,7 +36,10 @@ bool isSdsModel(std::string_view model) {
 }
 
 ScannerSim::ScannerSim(ScannerSimOptions options)
-    : options_(std::move(options)), sds_(isSdsModel(options_.model)), rng_(options_.seed) {
+    : options_(std::move(options)),
+      sds_(isSdsModel(options_.model)),
+      rng_(options_.seed),
+      scope_(options_.seed, options_.searchStepsPerSecond) {
   if (options_.list.channels.empty()) options_.list = builtInScanList();
 }
 
@@ -100,7 +103,6 @@ void ScannerSim::advance(std::int64_t nowMs) {
     started_ = true;
     now_ = nowMs;
     phaseEnds_ = nowMs + kDwellMs;
-    streamClock_ = nowMs;
     scheduleNextCloseCall(nowMs);
     return;
   }
@@ -233,7 +235,7 @@ std::string ScannerSim::handleKey(std::string_view code) {
 std::string ScannerSim::handleJump(std::string_view mode, std::string_view arg) {
   (void)arg;
   menuOpen_ = false;
-  streamOn_ = false;
+  scope_.stop();
   quickHoldOn_ = false;
   if (mode == "SCN_MODE") {
     mode_ = SimMode::Scan;
@@ -269,6 +271,10 @@ std::string ScannerSim::answer(std::string_view command) {
   auto parts = splitView(command, ',');
   std::string_view word = parts[0];
   auto arg = [&](std::size_t i) { return i < parts.size() ? parts[i] : std::string_view(); };
+  if (auto reply = scope_.answer(command, now_, sds_)) {
+    if (scope_.streaming()) mode_ = SimMode::CustomSearch;
+    return *reply;
+  }
 
   if (parts.size() == 1) {
     if (word == "STS") return statusReply();
@@ -291,8 +297,6 @@ std::string ScannerSim::answer(std::string_view command) {
       for (int i = 0; i < 100; ++i) out += i < 5 ? ",1" : ",0";
       return out + "\r";
     }
-    if (word == "PRG") return "PRG,OK\r";
-    if (word == "EPG") return "EPG,OK\r";
   }
   if (word == "KEY" && parts.size() >= 3) return handleKey(arg(1));
   if (word == "JPM" && parts.size() >= 2) return handleJump(arg(1), arg(2));
@@ -331,33 +335,13 @@ std::string ScannerSim::answer(std::string_view command) {
     nextReport_ = now_;
     return "AST,OK\r";
   }
-  if (word == "CSP") {
-    long long low = leadingInteger(arg(3)), high = leadingInteger(arg(4));
-    long long stepCode = leadingInteger(arg(5));
-    if (low <= 0 || high <= low) return "CSP,NG\r";
-    searchLow_ = low;
-    searchHigh_ = high;
-    // The step code is in hundredths of a kHz ("1250" is 12.5 kHz), the stream in 100 Hz.
-    searchStep_ = std::max(1LL, stepCode / 10);
-    searchAt_ = low;
-    return "CSP,OK\r";
-  }
-  if (word == "CSG") return "CSG,OK\r";
-  if (word == "CSC") {
-    streamOn_ = arg(1) == "ON";
-    streamClock_ = now_;
-    searchAt_ = searchLow_;
-    if (streamOn_) mode_ = SimMode::CustomSearch;
-    return "CSC,OK\r";
-  }
-  if (word == "GWF") return waterfallReply();
   return "ERR\r";
 }
 
 std::string ScannerSim::unsolicited() {
   std::string out;
   out.swap(pending_);
-  if (streamOn_) out += streamLines(now_);
+  out += scope_.stream(now_);
   if (mode_ == SimMode::SiteReport && now_ >= nextReport_) {
     out += siteReport();
     nextReport_ = now_ + 500;

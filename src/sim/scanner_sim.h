@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "sim/scanner_sim_list.h"
+#include "sim/scanner_sim_scope.h"
 
 namespace zel::sim {
 
@@ -30,6 +31,8 @@ struct ScannerSimOptions {
   SimScanList list = builtInScanList();
   // How often a channel that the scan reaches carries a transmission (0 to 1).
   double activity = 0.15;
+  // Steps a second of the custom search stream.
+  int searchStepsPerSecond = 400;
 };
 
 enum class SimMode { Scan, CloseCall, CustomSearch, Weather, ToneOut, Waterfall, SiteReport };
@@ -43,8 +46,8 @@ class ScannerSim {
   // The reply to one command given without its CR; "" when the scanner says nothing
   // (an empty line). Every reply ends in CR.
   std::string answer(std::string_view command);
-  // What the scanner sends unasked since the last call: the custom search stream and the
-  // site activity reports.
+  // What the scanner sends unasked since the last call: the custom search stream (SimScope)
+  // and the site activity reports.
   std::string unsolicited();
 
   // --- What the simulated scanner is doing (for tests and the --verbose log) ----------
@@ -63,6 +66,7 @@ class ScannerSim {
   const std::string& currentUid() const { return uid_; }
   bool closeCallPending() const { return mode_ == SimMode::CloseCall && !ccAccepted_; }
   std::int64_t now() const { return now_; }
+  const SimScope& scope() const { return scope_; }
 
   // --- Replies, built from the current state ----------------------------------------
   std::string statusReply() const;   // STS
@@ -71,7 +75,6 @@ class ScannerSim {
   std::string groupReply() const;    // GID
   std::string powerReply() const;    // PWR
   std::string windowReply() const;   // WIN
-  std::string waterfallReply();      // GWF
   std::string siteReport();          // one AST report
 
  private:
@@ -89,7 +92,6 @@ class ScannerSim {
   std::string bcdScreen() const;
   std::string sdsScreen() const;
   std::string menuScreen() const;
-  std::string streamLines(std::int64_t until);
 
   ScannerSimOptions options_;
   bool sds_;
@@ -128,11 +130,8 @@ class ScannerSim {
   bool menuOpen_ = false;
   int menuItem_ = 0;
 
-  // Custom search stream and site reports.
-  bool streamOn_ = false;
-  long long searchLow_ = 1440000, searchHigh_ = 1480000, searchStep_ = 125;  // 100 Hz units
-  long long searchAt_ = 1440000;
-  std::int64_t streamClock_ = 0;
+  // Custom search ranges and their stream; site reports.
+  SimScope scope_;
   std::int64_t nextReport_ = 0;
   int siteIndex_ = 0;
   std::string pending_;

@@ -26,4 +26,17 @@ std::string FaultInjector::apply(std::string reply) {
   return reply;
 }
 
+std::string FaultInjector::applyToLines(const std::string& lines) {
+  if (faults_.garbage <= 0 && faults_.cut <= 0) return lines;
+  std::string out;
+  std::size_t start = 0;
+  while (start < lines.size()) {
+    std::size_t end = lines.find('\r', start);
+    end = end == std::string::npos ? lines.size() : end + 1;
+    out += apply(lines.substr(start, end - start));
+    start = end;
+  }
+  return out;
+}
+
 }  // namespace zel::sim

@@ -23,6 +23,9 @@ class FaultInjector {
   bool silent(std::int64_t elapsedMs) const;
   // The reply as it goes out: unchanged, garbage, or its first half.
   std::string apply(std::string reply);
+  // Unasked output (the search stream) as it goes out: each CR-ended line on its own
+  // unchanged, garbage or cut, so that a cut line runs into the next one as on the wire.
+  std::string applyToLines(const std::string& lines);
   int garbled() const { return garbled_; }
   int cutShort() const { return cut_; }
 

@@ -123,7 +123,7 @@ void PtyScanner::run(const std::atomic<bool>& stop, std::ostream* log) {
     }
     if (pending_.size() > 4096) pending_.clear();  // a line that never ends is noise
     std::string extra = sim_.unsolicited();
-    if (!extra.empty() && !faults_.silent(now - start)) send(extra);
+    if (!extra.empty() && !faults_.silent(now - start)) send(faults_.applyToLines(extra));
     if (log) log->flush();
   }
 }

@@ -197,7 +197,10 @@ TEST(ScannerSim, ACloseCallHitWaitsForEnter) {
 
 TEST(ScannerSim, CustomSearchStreamsOneLineAStepAndWraps) {
   Scan s;
+  EXPECT_EQ(s.sim->answer("PRG"), "PRG,OK\r");
   EXPECT_EQ(s.sim->answer("CSP,2,TORVO BANDSCOPE,1460000,1461000,1250,NFM,0,2,1,400"), "CSP,OK\r");
+  EXPECT_EQ(s.sim->answer("CSG,1101111111"), "CSG,OK\r");
+  EXPECT_EQ(s.sim->answer("EPG"), "EPG,OK\r");
   EXPECT_EQ(s.sim->answer("CSC,ON"), "CSC,OK\r");
   s.sim->advance(100);  // 40 lines at 400 a second
   std::string stream = s.sim->unsolicited();
