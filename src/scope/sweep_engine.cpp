@@ -211,7 +211,8 @@ void SweepEngine::ProgramSearch() {
   (void)ports_.port.readAll();
   std::string flags = "CSG,1111111111";
   const int at = slot + 5;  // 1-based: position 5 is the flag of slot 0
-  if (at >= 5 && at <= static_cast<int>(flags.size())) flags[static_cast<std::size_t>(at - 1)] = '0';
+  if (at >= 5 && at <= static_cast<int>(flags.size()))
+    flags[static_cast<std::size_t>(at - 1)] = '0';
   step(flags);
   step("EPG");
   step("CSC,ON");

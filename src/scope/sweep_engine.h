@@ -41,17 +41,17 @@ const std::array<const char*, 5>& modeList();
 
 // What the window's controls hold when Start/Update is pressed.
 struct SweepRequest {
-  bool centerSpan = false;  // Option1(1) "Center/Span"; else "Start/Stop"
+  bool centerSpan = false;                            // Option1(1) "Center/Span"; else "Start/Stop"
   std::string start = "144.0000", stop = "148.0000";  // Text1(2), Text1(3), MHz
-  std::string center = "146.0000", span = "4.0";       // Text1(4), Text1(5), MHz
-  int stepIndex = 7;       // Combo2; -1 nothing chosen
-  int modeIndex = 0;       // Combo1
-  int slot = 0;            // Combo3 "Use Custom Search:" item data
-  bool attenuator = false;     // Check1 "Att On"
-  int noiseFilterIndex = 0;    // Combo5 "Noise Filter:"
-  int amplifyIndex = 0;        // Combo6 "Amplify:"
-  bool forceSql = false;       // Check6 with its level
-  int forceSqlLevel = 0;       // HScroll1: levels at or above it count as open squelch
+  std::string center = "146.0000", span = "4.0";      // Text1(4), Text1(5), MHz
+  int stepIndex = 7;                                  // Combo2; -1 nothing chosen
+  int modeIndex = 0;                                  // Combo1
+  int slot = 0;                                       // Combo3 "Use Custom Search:" item data
+  bool attenuator = false;                            // Check1 "Att On"
+  int noiseFilterIndex = 0;                           // Combo5 "Noise Filter:"
+  int amplifyIndex = 0;                               // Combo6 "Amplify:"
+  bool forceSql = false;                              // Check6 with its level
+  int forceSqlLevel = 0;  // HScroll1: levels at or above it count as open squelch
 };
 
 enum class SweepState { Stopped, Programmed, Streaming };
@@ -65,16 +65,16 @@ struct Traces {
 // A row of the statistics list, key "A" + bin.
 struct StatRow {
   std::string key;
-  std::string frequency;     // "Frequency:"
-  long long hits = 0;        // "Hits:"
-  int occupancy = 0;         // "Occupancy (%):"
-  int occupancyHour = 0;     // "Occ. (%) this hour:"
-  int occupancyDay = 0;      // "Occ. (%) this day:"
-  int low = 0;               // "Low:"
-  int high = 0;              // "High:"
-  std::string lastDate;      // "Last Hit Date:"
-  std::string lastTime;      // "Last Hit Time:"
-  bool bold = false;         // hit in the sweep now running
+  std::string frequency;  // "Frequency:"
+  long long hits = 0;     // "Hits:"
+  int occupancy = 0;      // "Occupancy (%):"
+  int occupancyHour = 0;  // "Occ. (%) this hour:"
+  int occupancyDay = 0;   // "Occ. (%) this day:"
+  int low = 0;            // "Low:"
+  int high = 0;           // "High:"
+  std::string lastDate;   // "Last Hit Date:"
+  std::string lastTime;   // "Last Hit Time:"
+  bool bold = false;      // hit in the sweep now running
 };
 
 struct SweepPorts {
@@ -130,10 +130,10 @@ class SweepEngine {
   int distinctFrequencies = 0;
 
   // Texts the window shows.
-  std::string label9;        // "Resolution: ... kHz Steps: ... Sweepcount: ..."
-  std::string label8;        // "ATT ON" or ""
-  std::string label3;        // the highest frequency of the sweep running
-  std::array<std::string, 3> label6;  // low edge, high edge, middle (MHz)
+  std::string label9;                    // "Resolution: ... kHz Steps: ... Sweepcount: ..."
+  std::string label8;                    // "ATT ON" or ""
+  std::string label3;                    // the highest frequency of the sweep running
+  std::array<std::string, 3> label6;     // low edge, high edge, middle (MHz)
   std::string lastFrequency, lastLevel;  // Label5(0), Label5(1)
   bool showLiveFrequency = false;        // Label10(4) green: Label9 follows the stream
   std::vector<std::string> streamLines;  // List1, newest last (kept short)
@@ -193,11 +193,11 @@ class SweepEngine {
 // The settings of section "scope" with their defaults, read at load and written at close.
 struct ScopeSettings {
   SweepRequest request;
-  int rangeIndex = 9;  // bc_range
-  bool saveWaterfall = false;  // bc_sw
-  int gain = 0, shift = 0;     // bs_gain, bs_shift
-  std::string port;            // usbporttext
-  std::string com;             // com
+  int rangeIndex = 9;                 // bc_range
+  bool saveWaterfall = false;         // bc_sw
+  int gain = 0, shift = 0;            // bs_gain, bs_shift
+  std::string port;                   // usbporttext
+  std::string com;                    // com
   bool chk1 = false, chk2 = false;    // bc_chk1, bc_chk2
   bool view1 = false, view2 = false;  // bc_view1, bc_view2
   int left = 0, top = 0, height = 0;  // bc_left, bc_top, bc_height

@@ -67,9 +67,6 @@ void SweepEngine::countHit(int bin, int rssi, std::int32_t frequency, std::strin
   StatRow& row = stats[static_cast<std::size_t>(counts.row)];
   row.frequency = counts.freqText;
   row.hits = counts.hits;
-  row.occupancy = percentOf(counts.hits, sweepCount);
-  row.occupancyHour = percentOf(counts.hours[static_cast<std::size_t>(hour)], sweepCount);
-  row.occupancyDay = percentOf(counts.days[static_cast<std::size_t>(day)], sweepCount);
   row.low = std::min(row.low, rssi);
   row.high = counts.maxSignal;
   row.lastDate = date;
@@ -90,12 +87,12 @@ void SweepEngine::updatePercentages() {
   }
 }
 
-// The percentages are of the sweeps counted before this one ends, in that order, as they
-// always were: the first wrap finds no sweep counted and leaves them as they are.
+// The percentages are of the finished sweeps, the one ending now included, so that a bin
+// hit in every sweep stands at 100. Hits of the sweep that is running show at its end.
 void SweepEngine::endSweep() {
   if (onDraw) onDraw(true);
-  if (sweepCount > 0) updatePercentages();
   if (sweepCount < kMaxSweepCount) ++sweepCount;
+  updatePercentages();
   for (auto& row : stats) row.bold = false;
   showCounters();
 }

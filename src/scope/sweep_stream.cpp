@@ -77,8 +77,8 @@ void SweepEngine::readLine(std::string_view line) {
 
   streamLines.push_back(std::string(line) + " / " + std::string(sql));
   if (sql == "1") {
-    openLines.push_back(freqText + "," + std::string(fields[1]) + "," +
-                        ports_.clock.timeOfDay() + "," + ports_.clock.date());
+    openLines.push_back(freqText + "," + std::string(fields[1]) + "," + ports_.clock.timeOfDay() +
+                        "," + ports_.clock.date());
   }
 
   long long bin = stepTenths > 0 ? (freq - lowFreq) / stepTenths : 0;
