@@ -192,6 +192,7 @@ void runSweep(const SweepArgs& a) {
   waterfall.Initialize(bins);
   zel::scope::Traces frame;  // the levels of a sweep in row 2, as the waterfall takes them
 
+  if (a.sweeps > 0) engine.sweepLimit = static_cast<std::int32_t>(std::min(a.sweeps, 9999999LL));
   engine.onDraw = [&](bool ended) {
     if (!ended) return;
     const auto& levels = levelRow(engine);

@@ -104,6 +104,9 @@ class SweepEngine {
 
   // Timer1: at most 1000 stream lines a tick, then one draw.
   void onTimer1();
+  // Above 0: the reader drops the rest of a tick's lines once sweepCount has reached it, so
+  // that a run without a window ends after exactly that many sweeps.
+  std::int32_t sweepLimit = 0;
   // SDS: Timer2 sends "GWF,1" and hands over to Timer3, which reads the values into row 0
   // and hands back. Start/Update on an SDS starts Timer2 instead of programming a search.
   // A frame with values counts as a sweep; as the frame has no squelch flag, a level counts

@@ -31,7 +31,7 @@ void SweepEngine::onTimer1() {
   std::replace(input.begin(), input.end(), '\r', ';');
   std::size_t taken = 0;
   std::string_view rest(input);
-  while (taken < kMaxLinesPerTick) {
+  while (taken < kMaxLinesPerTick && (sweepLimit <= 0 || sweepCount < sweepLimit)) {
     const std::size_t end = rest.find(';');
     readLine(rest.substr(0, end));
     ++taken;

@@ -343,6 +343,14 @@ TEST(SweepStream, AtMostAThousandLinesATick) {
             2);  // wraps at lines 402 and 803: the low edge itself ends nothing
   rig.stream("");
   EXPECT_EQ(rig.engine.totalHits, 1000);  // the rest of the burst is gone
+
+  // With a sweep limit the reader stops after the line that ended the last sweep.
+  Rig limited;
+  limited.engine.sweepLimit = 1;
+  ASSERT_TRUE(limited.start(r));
+  limited.stream(burst);
+  EXPECT_EQ(limited.engine.sweepCount, 1);
+  EXPECT_EQ(limited.engine.totalHits, 403);
 }
 
 TEST(SweepStream, ForcedSquelchCountsLevelsAtOrAboveTheThreshold) {
