@@ -4,10 +4,7 @@
 // replies' records by the import's rules; the reasoning stands beside each case.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <map>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -18,31 +15,17 @@
 #include "formats/row_store.h"
 #include "radioref/rr_import.h"
 #include "radioref/rr_readers.h"
-#include "radioref/soap_envelope.h"
+#include "rr_test_support.h"
 
 namespace zel::radioref {
 namespace {
 
-namespace fs = std::filesystem;
-
-const fs::path kReplies = fs::path(ZEL_REALDATA_DIR) / "radioref" / "v18";
-
 // The "return" part of a recorded reply, read by `read`.
 template <typename Read>
 auto readReply(const std::string& file, Read read) {
-  std::ifstream in(kReplies / file, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  SoapEnvelope envelope;
-  const SoapParseResult parsed = envelope.Parse(text.str());
-  EXPECT_TRUE(parsed.ok) << file << ": " << parsed.error;
-  SoapNode empty;
-  const SoapNode* part = &empty;
-  if (parsed.ok && !envelope.Parameters().empty() &&
-      !envelope.Parameters().Item(0).Nodes().empty()) {
-    part = &envelope.Parameters().Item(0).Nodes().Item(0);
-  }
-  return read(*part);
+  const test::ParsedReply reply(test::realReply(file));
+  EXPECT_TRUE(reply.result().ok) << file << ": " << reply.result().error;
+  return read(reply.part());
 }
 
 struct Case {

@@ -2,6 +2,9 @@
 
 #include <httplib.h>
 
+#include <fstream>
+#include <iterator>
+
 namespace zel::radioref::test {
 
 namespace {
@@ -85,6 +88,30 @@ HttpReply ok(std::string body, int status) {
   r.status = status;
   r.body = std::move(body);
   return r;
+}
+
+std::string slurp(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+std::string replyAround(const std::string& part) {
+  return "<?xml version=\"1.0\" encoding=\"utf-8\"?><SOAP-ENV:Envelope "
+         "xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\" "
+         "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" "
+         "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+         "xmlns:SOAP-ENC=\"http://schemas.xmlsoap.org/soap/encoding/\" "
+         "xmlns:tns=\"http://api.radioreference.com/soap2\"><SOAP-ENV:Body>"
+         "<ns1:someResponse xmlns:ns1=\"http://api.radioreference.com/soap2\">" +
+         part + "</ns1:someResponse></SOAP-ENV:Body></SOAP-ENV:Envelope>";
+}
+
+ParsedReply::ParsedReply(std::string text) : text_(std::move(text)) {
+  result_ = envelope_.Parse(text_);
+  if (!result_.ok || envelope_.Parameters().empty()) return;
+  const SoapNode& top = envelope_.Parameters().Item(0);
+  response_ = top.Name();
+  if (!top.Nodes().empty()) part_ = &top.Nodes().Item(0);
 }
 
 }  // namespace zel::radioref::test

@@ -1,12 +1,15 @@
-// Transports for the client's tests: one that speaks real HTTP to a server on this machine
-// (the simulated service), and one that answers from a script and keeps what was sent.
+// Shared by the suite's tests: transports for the client (one that speaks real HTTP to a
+// server on this machine, the simulated service, and one that answers from a script and
+// keeps what was sent), and a parsed reply with its "return" part.
 #pragma once
 
 #include <deque>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "radioref/http_transport.h"
+#include "radioref/soap_envelope.h"
 
 namespace zel::radioref::test {
 
@@ -38,5 +41,39 @@ class ScriptedTransport : public HttpTransport {
 };
 
 HttpReply ok(std::string body, int status = 200);
+
+// A file's bytes, as they are.
+std::string slurp(const std::filesystem::path& path);
+
+// `part` as the "return" element of a reply the way the service writes it.
+std::string replyAround(const std::string& part);
+
+// A parsed reply: its response element's name and its first part ("return").
+class ParsedReply {
+ public:
+  explicit ParsedReply(std::string text);
+  ParsedReply(const ParsedReply&) = delete;
+  ParsedReply& operator=(const ParsedReply&) = delete;
+  const SoapNode& part() const { return part_ ? *part_ : empty_; }
+  const std::string& response() const { return response_; }
+  const std::string& text() const { return text_; }
+  const SoapEnvelope& envelope() const { return envelope_; }
+  const SoapParseResult& result() const { return result_; }
+
+ private:
+  std::string text_;
+  SoapEnvelope envelope_;
+  SoapParseResult result_;
+  std::string response_;
+  const SoapNode* part_ = nullptr;
+  SoapNode empty_;
+};
+
+#ifdef ZEL_REALDATA_DIR
+// A reply the live service sent (interface version 18).
+inline std::string realReply(const std::string& file) {
+  return slurp(std::filesystem::path(ZEL_REALDATA_DIR) / "radioref" / "v18" / file);
+}
+#endif
 
 }  // namespace zel::radioref::test

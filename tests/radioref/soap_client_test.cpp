@@ -19,6 +19,7 @@ namespace {
 
 using test::ok;
 using test::ScriptedTransport;
+using test::slurp;
 
 const std::string& simWsdl() {
   static const std::string text = [] {
@@ -26,11 +27,6 @@ const std::string& simWsdl() {
     return sim.wsdl().body;
   }();
   return text;
-}
-
-std::string slurp(const std::filesystem::path& p) {
-  std::ifstream in(p, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 const char* kAuthFault =

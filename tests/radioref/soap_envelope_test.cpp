@@ -56,21 +56,25 @@ TEST(SoapEnvelope, EveryTextIsEscapedAndComesBackAsLatin1) {
   }
 }
 
-TEST(SoapEnvelope, RequestNamesItsMethodAndNamespaces) {
+TEST(SoapEnvelope, RequestNamesItsMethodNamespacesAndNil) {
   SoapEnvelope request;
   request.SetMethod("getCountyInfoRequest", "http://example.org/soap2/");
   request.setTypeNamespace("http://example.org/soap2");
   request.Parameters().Create("ctid", "1617", "xsd:int");
+  request.Parameters().Create("tag", "", "xsd:int").setNull(true);
   const std::string text = request.Serialize();
   EXPECT_EQ(text.rfind("<?xml version=\"1.0\" encoding=\"UTF-8\"?>", 0), 0u);
   for (const char* part :
        {"<ns1:getCountyInfoRequest xmlns:ns1=\"http://example.org/soap2/\">",
         "xmlns:tns=\"http://example.org/soap2\"", "<ctid xsi:type=\"xsd:int\">1617</ctid>",
+        "<tag xsi:nil=\"true\" xsi:type=\"xsd:int\"/>",
         "SOAP-ENV:encodingStyle=\"http://schemas.xmlsoap.org/soap/encoding/\""}) {
     EXPECT_NE(text.find(part), std::string::npos) << part;
   }
   SoapEnvelope parsed;
-  EXPECT_EQ(echo(request, parsed).Nodes().Item(0).ValueInt(), 1617);
+  const SoapNode& method = echo(request, parsed);
+  EXPECT_EQ(method.Nodes().Item(0).ValueInt(), 1617);
+  EXPECT_TRUE(method.Nodes().Item(1).IsNull());
 }
 
 TEST(SoapEnvelope, ArraysBothWays) {
@@ -122,30 +126,17 @@ TEST(SoapEnvelope, ReplyNodesTakeLocalNamesNilAndArrays) {
 
   const SoapNode* rectangles = site.Nodes().ItemByName("rectangles");
   ASSERT_NE(rectangles, nullptr);
-  EXPECT_TRUE(rectangles->IsArray());
-  EXPECT_EQ(rectangles->Nodes().Count(), 0u);
+  EXPECT_TRUE(rectangles->IsArray() && rectangles->Nodes().Count() == 0u);
   EXPECT_EQ(rectangles->arrayType(), "tns:Rectangle[0]");
   EXPECT_TRUE(site.Nodes().ItemByName("tags")->IsArray());
 
   const SoapNode* descr = site.Nodes().ItemByName("siteDescr");
   ASSERT_NE(descr, nullptr);
-  EXPECT_TRUE(descr->IsNull());
-  EXPECT_EQ(descr->type(), "xsd:string");
-  EXPECT_EQ(site.childText("siteDescr"), "");
-  EXPECT_EQ(site.childText("absent"), "");
+  EXPECT_TRUE(descr->IsNull() && descr->type() == "xsd:string");
+  EXPECT_EQ(site.childText("siteDescr") + site.childText("absent"), "");
   EXPECT_EQ(site.Nodes().ItemByName("siteId")->ValueInt(), 12);
   EXPECT_EQ(site.childText("zone"), "a<b");
   EXPECT_EQ(site.Nodes().ItemByName("absent"), nullptr);
-}
-
-TEST(SoapEnvelope, NilGoesOutAndComesBack) {
-  SoapEnvelope request;
-  request.SetMethod("m", "urn:m");
-  request.Parameters().Create("tag", "", "xsd:int").setNull(true);
-  EXPECT_NE(request.Serialize().find("<tag xsi:nil=\"true\" xsi:type=\"xsd:int\"/>"),
-            std::string::npos);
-  SoapEnvelope parsed;
-  EXPECT_TRUE(echo(request, parsed).Nodes().Item(0).IsNull());
 }
 
 TEST(SoapEnvelope, FaultsInEitherEncoding) {
@@ -177,10 +168,15 @@ TEST(SoapEnvelope, FaultsInEitherEncoding) {
   }
 }
 
-TEST(SoapEnvelope, BadRepliesGiveReasonLineAndPosition) {
+// Not XML: the reason with its line and position. Well-formed but no envelope (or nested past
+// any reply's depth): refused all the same.
+TEST(SoapEnvelope, BadRepliesAreRefused) {
+  std::string nested;
+  for (int i = 0; i < 400; ++i) nested += "<n>";
+  for (int i = 0; i < 400; ++i) nested += "</n>";
   struct Case {
     std::string text;
-    long line;
+    long line;  // 0: well-formed, no place to report
     long position;
   };
   const Case cases[] = {
@@ -189,33 +185,20 @@ TEST(SoapEnvelope, BadRepliesGiveReasonLineAndPosition) {
       {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a>\xC3\xA9\xC3\xA9<</a>", 2, 7},
       {"", 1, 1},
       {"<a x=1/>", 1, 6},
+      {"<html><body/></html>", 0, 0},
+      {"<SOAP-ENV:Envelope xmlns:SOAP-ENV=\"urn:e\"><Header/></SOAP-ENV:Envelope>", 0, 0},
+      {reply(nested), 0, 0},
   };
   for (const Case& c : cases) {
     SoapEnvelope envelope;
     const SoapParseResult result = envelope.Parse(c.text);
-    EXPECT_FALSE(result.ok);
+    EXPECT_FALSE(result.ok) << c.text.substr(0, 60);
     EXPECT_FALSE(result.error.empty());
-    EXPECT_EQ(result.line, c.line) << c.text;
-    EXPECT_EQ(result.position, c.position) << c.text;
-    EXPECT_EQ(envelope.Parameters().Count(), 0u);
-    EXPECT_EQ(envelope.Serialize(), c.text);
-  }
-}
-
-TEST(SoapEnvelope, WellFormedButNoEnvelopeIsRefused) {
-  std::string nested;
-  for (int i = 0; i < 400; ++i) nested += "<n>";
-  for (int i = 0; i < 400; ++i) nested += "</n>";
-  const std::string cases[] = {
-      "<html><body/></html>",
-      "<SOAP-ENV:Envelope xmlns:SOAP-ENV=\"urn:e\"><Header/></SOAP-ENV:Envelope>",
-      reply(nested),
-  };
-  for (const std::string& text : cases) {
-    SoapEnvelope envelope;
-    const SoapParseResult result = envelope.Parse(text);
-    EXPECT_FALSE(result.ok) << text.substr(0, 60);
-    EXPECT_FALSE(result.error.empty());
+    if (c.line > 0) {
+      EXPECT_EQ(result.line, c.line) << c.text;
+      EXPECT_EQ(result.position, c.position) << c.text;
+      EXPECT_EQ(envelope.Serialize(), c.text);
+    }
     EXPECT_EQ(envelope.Parameters().Count(), 0u);
   }
 }
