@@ -402,41 +402,16 @@ TEST(RadioRefSimCall, UnsettledOperationsAndUnknownRecordsFault) {
   EXPECT_NE(sites.body.find("SOAP-ENC:arrayType=\"tns:TrsSite[0]\"/>"), std::string::npos);
 }
 
-TEST(RadioRefSimCall, SlowDelaysEveryReply) {
-  RadioRefSimOptions options;
-  options.slowMs = 40;
-  RadioRefSim sim(options);
-  for (int i = 0; i < 2; ++i) {
-    const auto start = std::chrono::steady_clock::now();
-    RadioRefSimReply reply = i == 0 ? sim.wsdl() : callOp(sim, "getTag", "<id>0</id>");
-    EXPECT_EQ(reply.status, 200);
-    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(40));
-  }
-}
-
-TEST(RadioRefSimHttp, ServesTheWsdlAndCallsOnTheLoopback) {
+// Serving calls over HTTP is proved by the client's loopback tests; here only that stop()
+// ends the serving.
+TEST(RadioRefSimHttp, StopEndsTheServing) {
   RadioRefSim sim({});
   std::string error;
   ASSERT_TRUE(sim.start(&error)) << error;
   ASSERT_GT(sim.port(), 0);
-  httplib::Client client("127.0.0.1", sim.port());
-  auto wsdl = client.Get("/soap2/?wsdl&v=15");
+  auto wsdl = httplib::Client("127.0.0.1", sim.port()).Get("/soap2/?wsdl&v=15");
   ASSERT_TRUE(wsdl);
   EXPECT_EQ(wsdl->status, 200);
-  EXPECT_NE(wsdl->body.find("location=\"" + sim.endpoint() + "index.php\""), std::string::npos);
-  httplib::Headers headers{{"SOAPAction", action("getZipcodeInfo")}};
-  auto ok = client.Post("/soap2/index.php", headers,
-                        envelope("getZipcodeInfoRequest", kNs, "<zipcode>20202</zipcode>"),
-                        "text/xml; charset=utf-8");
-  ASSERT_TRUE(ok);
-  EXPECT_EQ(ok->status, 200);
-  EXPECT_NE(ok->body.find("<city xsi:type=\"xsd:string\">Granite Falls</city>"), std::string::npos);
-  auto bad = client.Post(
-      "/soap2/index.php", headers,
-      envelope("getZipcodeInfoRequest", kNs, "<zipcode>20202</zipcode>", Login{"demo", "nope"}),
-      "text/xml");
-  ASSERT_TRUE(bad);
-  EXPECT_EQ(bad->status, 500);
   sim.stop();
   EXPECT_FALSE(httplib::Client("127.0.0.1", sim.port()).Get("/soap2/?wsdl"));
 }
