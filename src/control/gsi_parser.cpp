@@ -136,6 +136,9 @@ ParseResult StatusDecoder::parseGsi(const std::string& rx) {
     st_.waterfallBand = XmlAttribute(xml, "WaterfallBand", "Lower=") + ";" +
                         XmlAttribute(xml, "WaterfallBand", "Upper=") + ";" +
                         XmlAttribute(xml, "WaterfallBand", "Step=");
+    st_.waterfallExtra = XmlAttribute(xml, "WaterfallBand", "Center=") + ";" +
+                         XmlAttribute(xml, "WaterfallBand", "Span=") + ";" +
+                         XmlAttribute(xml, "WaterfallBand", "Mod=");
     st_.waterfallSettings = XmlAttribute(xml, "WaterfallSettings", "MF=") + ";" +
                             XmlAttribute(xml, "WaterfallSettings", "Gain=");
   } else if (!link_.waterfallPage) {

@@ -109,6 +109,7 @@ struct ScannerStatus {
   std::string siteFrequency;      // the site's frequency of a talkgroup hit, from GSI
   std::string waterfallBand;      // SDS waterfall page: WaterfallBand and
   std::string waterfallSettings;  // WaterfallSettings elements as text
+  std::string waterfallExtra;     // WaterfallBand Center;Span;Mod
   DisplayModel display;
 };
 

@@ -66,7 +66,8 @@ void SdsWaterfallPage::setDepth(int frames) {
 
 bool SdsWaterfallPage::receive(std::string_view line) {
   if (holdSpectrum) return false;
-  while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) line.remove_suffix(1);
+  // A reply that came in the same read (a key's "KEY,OK") may follow the frame's CR.
+  line = line.substr(0, line.find_first_of("\r\n"));
   const std::vector<std::string_view> parts = splitView(line, ',');
   if (parts.size() < 2 || trimView(parts[0]) != "GWF") return false;
   std::vector<double> frame;

@@ -21,6 +21,7 @@
 #include "core/tree_moves.h"
 #include "core/tree_operations.h"
 #include "grid/row_record.h"
+#include "ui/bandscope_window.h"
 #include "ui/csv_mapper_dialog.h"
 #include "ui/enhanced_find_dialog.h"
 #include "ui/favorites_tree.h"
@@ -216,6 +217,12 @@ void MainWindow::buildMenus() {
                            session_.folders().data, control::Family::Sds);
       },
       QKeySequence("Ctrl+Alt+V"));
+  addCommand(
+      scanner, "Bandscope",
+      [this] {
+        openBandscope(this, session_.settingsCodec().store(), feedback_, session_.folders().data);
+      },
+      QKeySequence("Ctrl+B"));
 
   QMenu* profile = menuBar()->addMenu("&Profile");
   addCommand(profile, "Open Profile", [this] { openProfileCommand(); });

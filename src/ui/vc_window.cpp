@@ -14,16 +14,18 @@
 #include <QVBoxLayout>
 
 #include "control/command_surface.h"
+#include "ui/bandscope_window.h"
 #include "ui/vc_log_grid.h"
 #include "ui/vc_mini_view.h"
 #include "ui/vc_scanner_face.h"
+#include "ui/vc_sds_waterfall.h"
 
 namespace zel::ui {
 
 VirtualControlWindow::VirtualControlWindow(control::Family family, SettingsStore& settings,
                                            Feedback& feedback, const std::string& dataFolder,
                                            QWidget* parent)
-    : QMainWindow(parent) {
+    : QMainWindow(parent), settings_(settings), feedback_(feedback), dataFolder_(dataFolder) {
   vc_ = std::make_unique<control::VirtualControl>(
       family, control::VcPorts{port_, clock_, pump_, feedback, settings}, dataFolder);
   setWindowTitle(family == control::Family::Sds ? "ZEL536PRO for SDS series - Virtual Control"
@@ -40,6 +42,12 @@ VirtualControlWindow::VirtualControlWindow(control::Family family, SettingsStore
   split->addWidget(face_);
   split->addWidget(side);
   layout->addWidget(split, 3);
+  if (family == control::Family::Sds) {
+    waterfall_ = new SdsWaterfallPanel(dataFolder, central);
+    waterfall_->hide();
+    layout->addWidget(waterfall_, 3);
+    vc_->decoder.waterfallSink = [this](const std::string& line) { waterfall_->receive(line); };
+  }
   log_ = new LogPanel(*vc_, central);
   layout->addWidget(log_, 2);
   setCentralWidget(central);
@@ -146,15 +154,29 @@ void VirtualControlWindow::buildControls(QWidget* host) {
       vc_->link.useGpsPort = on;
     });
     layout->addWidget(gps);
-    auto* waterfall = new QCheckBox("Waterfall page", host);
-    connect(waterfall, &QCheckBox::toggled, this,
-            [this](bool on) { vc_->link.waterfallPage = on; });
-    layout->addWidget(waterfall);
+    waterfallCheck_ = new QCheckBox("Waterfall page", host);
+    waterfallCheck_->setObjectName("waterfallPage");
+    connect(waterfallCheck_, &QCheckBox::toggled, this, [this](bool on) { showWaterfallPage(on); });
+    layout->addWidget(waterfallCheck_);
   }
+  auto* bandscope = new QPushButton("Bandscope", host);
+  bandscope->setObjectName("bandscope");
+  connect(bandscope, &QPushButton::clicked, this, [this] {
+    openBandscope(parentWidget() ? parentWidget() : this, settings_, feedback_, dataFolder_);
+  });
+  layout->addWidget(bandscope);
   auto* mini = new QPushButton("Mini View", host);
   connect(mini, &QPushButton::clicked, this, &VirtualControlWindow::showMiniView);
   layout->addWidget(mini);
   layout->addStretch();
+}
+
+void VirtualControlWindow::showWaterfallPage(bool on) {
+  if (!waterfall_) return;
+  vc_->link.waterfallPage = on;
+  waterfall_->setVisible(on);
+  log_->setVisible(!on);
+  if (waterfallCheck_ && waterfallCheck_->isChecked() != on) waterfallCheck_->setChecked(on);
 }
 
 void VirtualControlWindow::fillPorts() {
@@ -175,6 +197,7 @@ void VirtualControlWindow::refresh() {
     ports_->setCurrentIndex(vc_->link.selectedIndex());
   face_->refresh();
   log_->refresh();
+  if (waterfall_ && waterfall_->isVisible()) waterfall_->refreshBand(vc_->status);
   if (mini_) mini_->refresh();
 }
 
@@ -238,6 +261,7 @@ void VirtualControlWindow::closeEvent(QCloseEvent* event) {
     refresh_->stop();
     log_->syncOptions();
     if (mini_) mini_->close();
+    if (waterfall_) waterfall_->keepPicture();
     vc_->close();
   }
   event->accept();

@@ -15,6 +15,7 @@
 #include "platform/qt_serial_port.h"
 #include "platform/qt_timer_host.h"
 
+class QCheckBox;
 class QComboBox;
 class QLineEdit;
 class QTimer;
@@ -24,6 +25,7 @@ namespace zel::ui {
 class LogPanel;
 class MiniView;
 class ScannerFace;
+class SdsWaterfallPanel;
 
 class VirtualControlWindow : public QMainWindow {
   Q_OBJECT
@@ -36,6 +38,9 @@ class VirtualControlWindow : public QMainWindow {
   ScannerFace* face() const { return face_; }
   LogPanel* logPanel() const { return log_; }
   QComboBox* portList() const { return ports_; }
+  // The SDS window's waterfall page (nullptr in the other family).
+  SdsWaterfallPanel* waterfallPanel() const { return waterfall_; }
+  void showWaterfallPage(bool on);
   void showMiniView();
   // Repaints everything from the decoded state (the refresh tick does it 10 times a second).
   void refresh();
@@ -50,6 +55,9 @@ class VirtualControlWindow : public QMainWindow {
   void fillPorts();
   void pressKey(const std::string& name);
 
+  SettingsStore& settings_;
+  Feedback& feedback_;
+  std::string dataFolder_;
   QtSerialPort port_;
   SystemClock clock_;
   QtEventPump pump_;
@@ -64,6 +72,8 @@ class VirtualControlWindow : public QMainWindow {
   QComboBox* squelch_ = nullptr;
   QLineEdit* quickHold_ = nullptr;
   QTimer* refresh_ = nullptr;
+  SdsWaterfallPanel* waterfall_ = nullptr;
+  QCheckBox* waterfallCheck_ = nullptr;
   bool closing_ = false;
 };
 

@@ -155,6 +155,16 @@ TEST(GsiParser, TheWaterfallModeAndPageKeepTheChannelCells) {
   EXPECT_EQ(st.ldat[ld::kTalkgroup], "2412");  // the frequency elements are still read
 }
 
+TEST(GsiParser, TheWaterfallBandKeepsItsCentreSpanAndModulation) {
+  VcRig rig(Family::Sds);
+  rig.vc->decoder.parseGsi(
+      "GSI,<XML>,\r<ScannerInfo Mode=\"Waterfall\" V_Screen=\"waterfall\">\r"
+      "  <WaterfallBand Lower=\" 156.000000MHz\" Center=\" 159.000000MHz\" Upper=\" "
+      "162.000000MHz\" Span=\"6.000000MHz\" Step=\"25kHz\" Mod=\"FM\" />\r"
+      "</ScannerInfo>\r");
+  EXPECT_EQ(rig.vc->status.waterfallExtra, " 159.000000MHz;6.000000MHz;FM");
+}
+
 TEST(GsiParser, TheBcdWindowOnlyFillsItsDebugPage) {
   VcRig rig(Family::Bcd);
   rig.vc->decoder.parseGsi(

@@ -72,6 +72,12 @@ TEST(SdsWaterfallPage, TakesTheLevelsOfAFrame) {
   EXPECT_EQ(page.waterfall().level(0, 3), 225);  // 900 / 4
 }
 
+TEST(SdsWaterfallPage, AReplyReadWithTheFrameIsNoPartOfIt) {
+  SdsWaterfallPage page;
+  ASSERT_TRUE(page.receive("GWF,5,6,7\rKEY,OK"));
+  EXPECT_EQ(page.lastFrame(), (std::vector<double>{5, 6, 7}));
+}
+
 TEST(SdsWaterfallPage, RefusesOtherLinesAndEmptyFrames) {
   SdsWaterfallPage page;
   EXPECT_FALSE(page.receive("GLG,01460000,NFM"));
