@@ -47,6 +47,18 @@ std::string Context::dataFolder() {
   return (docs + "/My Scanner Data Files").toStdString();
 }
 
+namespace {
+// A repeatable option takes one value each time (--root A --root B), so that it never swallows
+// the file that follows it: every named option that collects values is made so, in every
+// command, once all commands are registered.
+void oneValueEachTime(CLI::App& app) {
+  for (CLI::Option* opt : app.get_options()) {
+    if (!opt->get_positional() && opt->get_expected_max() > 1) opt->allow_extra_args(false);
+  }
+  for (CLI::App* sub : app.get_subcommands({})) oneValueEachTime(*sub);
+}
+}  // namespace
+
 }  // namespace zel::cli
 
 int main(int argc, char** argv) {
@@ -64,6 +76,7 @@ int main(int argc, char** argv) {
   app.add_option("--settings", context.settingsFile,
                  "Settings file (INI) to use instead of your own settings");
   zel::cli::CommandRegistry::registerAll(app, context);
+  zel::cli::oneValueEachTime(app);
 
   try {
     app.parse(argc, argv);

@@ -43,7 +43,8 @@ TEST_F(RRImport, FromTheServiceToTheCard) {
   EXPECT_NE(hpd.find("Trunk\t"), std::string::npos);
 
   ASSERT_EQ(zel("sim card " + path("card")).exitCode, 0);
-  const ZelRun write = zel("card write " + path("both.hpd") + " --name County --root " + path("card"));
+  // --root takes one value and leaves the file behind it alone.
+  const ZelRun write = zel("card write --root " + path("card") + " " + path("both.hpd") + " --name County");
   ASSERT_EQ(write.exitCode, 0) << write.err;
   const ZelRun list = zel("card list --root " + path("card"));
   ASSERT_EQ(list.exitCode, 0) << list.err;
