@@ -78,6 +78,13 @@ void MainWindow::buildCentre() {
           [this](QTreeWidgetItem* item, int) { onTreeClicked(item); });
   connect(tree_, &QTreeWidget::itemActivated, this,
           [this](QTreeWidgetItem* item, int) { onTreeClicked(item); });
+  // The arrow keys move the current node; the pane follows it as it follows a click.
+  connect(tree_, &QTreeWidget::currentItemChanged, this,
+          [this](QTreeWidgetItem* item, QTreeWidgetItem*) {
+            if (refreshing_ || !item) return;
+            if (item->data(0, kKeyRole).toString().toStdString() == session_.selectedKey()) return;
+            onTreeClicked(item);
+          });
 
   auto* right = new QWidget(splitter_);
   auto* layout = new QVBoxLayout(right);
@@ -270,6 +277,7 @@ void MainWindow::newDepartmentCommand() {
 
 void MainWindow::refreshTree() {
   const DocumentTree& vis = session_.document().visible;
+  refreshing_ = true;
   tree_->clear();
   std::function<void(NodeId, QTreeWidgetItem*)> addChildren = [&](NodeId node,
                                                                   QTreeWidgetItem* parent) {
@@ -290,6 +298,7 @@ void MainWindow::refreshTree() {
     addChildren(top, item);
   }
   tree_->expandAll();
+  refreshing_ = false;
   updateStatus();
 }
 
@@ -297,8 +306,8 @@ bool MainWindow::selectKey(const QString& key) {
   QTreeWidgetItemIterator it(tree_);
   while (*it) {
     if ((*it)->data(0, kKeyRole).toString() == key) {
-      tree_->setCurrentItem(*it);
-      onTreeClicked(*it);
+      tree_->setCurrentItem(*it);  // selects the node when it was not current yet
+      if (session_.selectedKey() != key.toStdString()) onTreeClicked(*it);
       return true;
     }
     ++it;

@@ -153,6 +153,7 @@ class MainWindow : public QMainWindow, public SelectionHost {
   QSplitter* splitter_ = nullptr;
   std::map<QString, QAction*> actions_;
   bool filling_ = false;
+  bool refreshing_ = false;  // the tree is being built again
   FileChooser chooser_;
   std::unique_ptr<class CardRootsHolder> cardRoots_;
   std::shared_ptr<RRImportPreset> rrPreset_;

@@ -20,6 +20,7 @@
 #include "core/record_line.h"
 #include "core/settings.h"
 #include "core/tree_operations.h"
+#include "ui/favorites_tree.h"
 #include "ui/node_pane.h"
 #include "window_fixture.h"
 
@@ -101,6 +102,23 @@ class MainWindowTest : public QObject {
     QVERIFY(f.session.document().data.contains("SIT-001-001"));
     QVERIFY(f.session.document().data.contains("GRP-999-001-002"));
     QVERIFY(f.feedback.messages.empty());
+  }
+
+  // The arrow keys move the pane with the current node, down and back up the tree.
+  void arrowKeysMoveThePaneWithTheCurrentNode() {
+    Fixture f;
+    f.window->runCommand("New Conventional System");
+    f.window->runCommand("New Conventional System");
+    QVERIFY(f.window->selectKey("SYS-001"));
+    QTreeWidget* tree = f.window->tree();
+    tree->setFocus();
+    for (Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up}) {
+      QTest::keyClick(tree, key);
+      QVERIFY(tree->currentItem());
+      const QString current = tree->currentItem()->data(0, ui::FavoritesTree::kKeyRole).toString();
+      QCOMPARE(QString::fromStdString(f.session.selectedKey()), current);
+    }
+    QCOMPARE(QString::fromStdString(f.session.selectedKey()), QString("SYS-002"));
   }
 
   void refusalsUseTheSystemsMessages() {
