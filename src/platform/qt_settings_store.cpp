@@ -11,7 +11,12 @@ QString QtSettingsStore::path(std::string_view section, std::string_view key) {
   // A key of no section lies directly in the product's folder.
   QString k = QString::fromLatin1(key.data(), static_cast<int>(key.size()));
   if (section.empty()) return k;
-  return QString::fromLatin1(section.data(), static_cast<int>(section.size())) + "/" + k;
+  QString group = QString::fromLatin1(section.data(), static_cast<int>(section.size()));
+  // An INI file holds the keys of no section under [General], so Qt writes a group of that
+  // name in any case as [%General] and reads it back as "General": the store always names it
+  // so, or a section "general" would be written anew each run and never found again.
+  if (group.compare("General", Qt::CaseInsensitive) == 0) group = QStringLiteral("General");
+  return group + "/" + k;
 }
 
 bool QtSettingsStore::read(std::string_view section, std::string_view key,
