@@ -30,6 +30,11 @@ class RecordingFeedback : public Feedback {
  public:
   void message(std::string_view text, std::string_view title = {}) override;
   Answer ask(std::string_view title, std::string_view text, Buttons buttons) override;
+  Answer askPreferring(std::string_view title, std::string_view text, Buttons buttons,
+                       Answer preferred) override {
+    preferredAnswers.push_back(preferred);
+    return ask(title, text, buttons);
+  }
   void status(std::string_view text) override { statuses.emplace_back(text); }
   void progress(std::string_view text) override { progresses.emplace_back(text); }
   void log(std::string_view line) override { logs.emplace_back(line); }
@@ -37,6 +42,7 @@ class RecordingFeedback : public Feedback {
 
   std::vector<std::string> messages;
   std::vector<std::string> questions;  // "title|text"
+  std::vector<Answer> preferredAnswers;  // the default buttons asked for, in order
   std::vector<std::string> statuses;
   std::vector<std::string> progresses;
   std::vector<std::string> logs;

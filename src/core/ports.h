@@ -31,6 +31,13 @@ class Feedback {
   virtual ~Feedback() = default;
   virtual void message(std::string_view text, std::string_view title = {}) = 0;
   virtual Answer ask(std::string_view title, std::string_view text, Buttons buttons) = 0;
+  // A question whose default button (the one Enter presses) is `preferred`; a question that
+  // could throw work away prefers the answer that keeps it.
+  virtual Answer askPreferring(std::string_view title, std::string_view text, Buttons buttons,
+                               Answer preferred) {
+    (void)preferred;
+    return ask(title, text, buttons);
+  }
   virtual void status(std::string_view text) = 0;    // first panel of the status bar
   virtual void progress(std::string_view text) = 0;  // the progress label (lbl_sys)
   virtual void log(std::string_view line) = 0;       // the status list (List5)

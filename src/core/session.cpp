@@ -166,10 +166,11 @@ std::string Session::windowTitle(std::string_view key) const {
 
 bool Session::shutdown() {
   if (!document_.data.empty() && document_.changed) {
-    Answer a = feedback_.ask(
+    // Enter keeps the work: Yes is the answer that throws it away.
+    Answer a = feedback_.askPreferring(
         "Warning",
         "Changes are not saved yet.\nIf not saved, data is lost!\nContinue without saving ?",
-        Buttons::YesNoCancel);
+        Buttons::YesNoCancel, Answer::No);
     if (a != Answer::Yes) return false;
   }
   activeFile_.clear();

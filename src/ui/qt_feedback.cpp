@@ -26,7 +26,25 @@ void QtFeedback::message(std::string_view text, std::string_view title) {
                            fromLatin1(text));
 }
 
-Answer QtFeedback::ask(std::string_view title, std::string_view text, Buttons buttons) {
+namespace {
+QMessageBox::StandardButton buttonOf(Answer answer) {
+  switch (answer) {
+    case Answer::Yes:
+      return QMessageBox::Yes;
+    case Answer::No:
+      return QMessageBox::No;
+    case Answer::Ok:
+      return QMessageBox::Ok;
+    case Answer::Cancel:
+      break;
+  }
+  return QMessageBox::Cancel;
+}
+}  // namespace
+
+std::unique_ptr<QMessageBox> QtFeedback::questionBox(QWidget* parent, std::string_view title,
+                                                     std::string_view text, Buttons buttons,
+                                                     std::optional<Answer> preferred) {
   QMessageBox::StandardButtons set;
   switch (buttons) {
     case Buttons::Ok:
@@ -42,8 +60,15 @@ Answer QtFeedback::ask(std::string_view title, std::string_view text, Buttons bu
       set = QMessageBox::Ok | QMessageBox::Cancel;
       break;
   }
-  auto answer = QMessageBox::question(parent_, fromLatin1(title), fromLatin1(text), set);
-  switch (answer) {
+  auto box = std::make_unique<QMessageBox>(QMessageBox::Question, fromLatin1(title),
+                                           fromLatin1(text), set, parent);
+  if (preferred && (set & buttonOf(*preferred))) box->setDefaultButton(buttonOf(*preferred));
+  return box;
+}
+
+namespace {
+Answer answerOf(int button) {
+  switch (button) {
     case QMessageBox::Yes:
       return Answer::Yes;
     case QMessageBox::No:
@@ -53,6 +78,16 @@ Answer QtFeedback::ask(std::string_view title, std::string_view text, Buttons bu
     default:
       return Answer::Cancel;
   }
+}
+}  // namespace
+
+Answer QtFeedback::ask(std::string_view title, std::string_view text, Buttons buttons) {
+  return answerOf(questionBox(parent_, title, text, buttons, std::nullopt)->exec());
+}
+
+Answer QtFeedback::askPreferring(std::string_view title, std::string_view text, Buttons buttons,
+                                 Answer preferred) {
+  return answerOf(questionBox(parent_, title, text, buttons, preferred)->exec());
 }
 
 void QtFeedback::status(std::string_view text) {

@@ -4,11 +4,14 @@
 
 #include <QObject>
 #include <QPointer>
+#include <memory>
+#include <optional>
 
 #include "core/ports.h"
 
 class QLabel;
 class QListWidget;
+class QMessageBox;
 class QStatusBar;
 class QWidget;
 
@@ -19,6 +22,13 @@ class QtFeedback : public Feedback {
   void attach(QWidget* parent, QStatusBar* status, QLabel* progress, QListWidget* list);
   void message(std::string_view text, std::string_view title = {}) override;
   Answer ask(std::string_view title, std::string_view text, Buttons buttons) override;
+  Answer askPreferring(std::string_view title, std::string_view text, Buttons buttons,
+                       Answer preferred) override;
+  // The question's box, not yet shown, with `preferred` as its default button when the box
+  // has it (Qt's own choice otherwise).
+  static std::unique_ptr<QMessageBox> questionBox(QWidget* parent, std::string_view title,
+                                                  std::string_view text, Buttons buttons,
+                                                  std::optional<Answer> preferred);
   void status(std::string_view text) override;
   void progress(std::string_view text) override;
   void log(std::string_view line) override;

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPrinter>
 #include <QStackedWidget>
@@ -22,6 +23,7 @@
 #include "core/tree_operations.h"
 #include "ui/favorites_tree.h"
 #include "ui/node_pane.h"
+#include "ui/qt_feedback.h"
 #include "window_fixture.h"
 
 using namespace zel;
@@ -119,6 +121,22 @@ class MainWindowTest : public QObject {
       QCOMPARE(QString::fromStdString(f.session.selectedKey()), current);
     }
     QCOMPARE(QString::fromStdString(f.session.selectedKey()), QString("SYS-002"));
+  }
+
+  // The close question over unsaved work: Enter (the default button) keeps the work open.
+  void closeQuestionDefaultsToKeepingTheWork() {
+    Fixture f;
+    f.window->runCommand("New Conventional System");
+    QVERIFY(f.session.document().changed);
+    f.feedback.answers.push_back(Answer::Cancel);
+    QVERIFY(!f.window->close());
+    QCOMPARE(f.feedback.preferredAnswers.size(), size_t(1));
+    QVERIFY(f.feedback.preferredAnswers.back() != Answer::Yes);
+    auto box = ui::QtFeedback::questionBox(nullptr, "Warning", "Continue without saving ?",
+                                           Buttons::YesNoCancel,
+                                           f.feedback.preferredAnswers.back());
+    QVERIFY(box->defaultButton());
+    QVERIFY(box->defaultButton() != box->button(QMessageBox::Yes));
   }
 
   void refusalsUseTheSystemsMessages() {
