@@ -26,7 +26,7 @@ struct MonitorArgs {
   std::string port;
   double seconds = 0;
   std::string log;
-  std::string family = "bcd";
+  std::string family;  // "" picks it from the scanner's model
   std::string action = "off";
   bool json = false;
   bool verbose = false;
@@ -38,14 +38,30 @@ zel::control::LogAction actionFrom(const std::string& text) {
   return zel::control::LogAction::Off;
 }
 
-void runMonitor(const MonitorArgs& a) {
+// While the family is picked from the model, the window's advice to open the other window
+// is not for the user: the monitor does so itself.
+class PickingFeedback : public zel::StreamFeedback {
+ public:
+  explicit PickingFeedback(bool picking) : picking_(picking) {}
+  void message(std::string_view text, std::string_view title = {}) override {
+    if (picking_ && text.find("SDS VC") != std::string_view::npos) return;
+    zel::StreamFeedback::message(text, title);
+  }
+
+ private:
+  bool picking_;
+};
+
+// Runs the window of `family`; false when it closed on the model of the other family
+// and the family was not given.
+bool runMonitor(const MonitorArgs& a, zel::control::Family family) {
   using namespace zel::control;
+  const bool picking = a.family.empty();
   zel::QtSerialPort port;
   zel::SystemClock clock;
   zel::QtEventPump pump;
-  zel::StreamFeedback feedback;
+  PickingFeedback feedback(picking);
   zel::MemorySettingsStore settings;  // the monitor leaves the window's settings alone
-  const Family family = zel::cli::familyFromText(a.family);
   VirtualControl vc(family, VcPorts{port, clock, pump, feedback, settings}, "");
   vc.options.action = actionFrom(a.action);
   vc.options.logToFile = !a.log.empty();
@@ -84,6 +100,9 @@ void runMonitor(const MonitorArgs& a) {
   std::signal(SIGTERM, onMonitorSignal);
   QCoreApplication::exec();
   vc.close();
+  if (picking && family == Family::Bcd && vc.decoder.closeRequested &&
+      vc.status.model.find("SDS") != std::string::npos)
+    return false;
 
   const auto& link = vc.link;
   if (a.json) {
@@ -103,6 +122,18 @@ void runMonitor(const MonitorArgs& a) {
               << " lines logged." << std::endl;
   }
   if (vc.decoder.closeRequested) throw zel::cli::UserError{""};
+  return true;
+}
+
+void runMonitor(const MonitorArgs& a) {
+  using zel::control::Family;
+  if (!a.family.empty()) {
+    runMonitor(a, zel::cli::familyFromText(a.family));
+    return;
+  }
+  // The BCD window reads the model (MDL) and closes on an SDS one.
+  if (runMonitor(a, Family::Bcd)) return;
+  runMonitor(a, Family::Sds);
 }
 
 }  // namespace
@@ -115,9 +146,9 @@ ZEL_COMMAND(71) {
   cmd->add_option("--seconds", args->seconds, "Stop after this many seconds (default: Ctrl+C)")
       ->check(CLI::NonNegativeNumber);
   cmd->add_option("--log", args->log, "Append the log lines to this file (log.csvx format)");
-  cmd->add_option("--family", args->family, "Window family of the scanner")
-      ->check(CLI::IsMember({"bcd", "sds"}))
-      ->capture_default_str();
+  cmd->add_option("--family", args->family,
+                  "Window family of the scanner (default: picked from its model)")
+      ->check(CLI::IsMember({"bcd", "sds"}));
   cmd->add_option("--action", args->action, "What to do after a new hit")
       ->check(CLI::IsMember({"off", "resume", "avoid"}))
       ->capture_default_str();

@@ -20,11 +20,11 @@ std::string subtoneText(std::string_view raw) {
   if (t.empty() || t == "0" || t == "None") return {};
   const bool point = t.find('.') != std::string_view::npos;
   const double value = leadingNumber(t);
-  const long long index = static_cast<long long>(std::trunc(value));
   // Tone table positions run from 1 to 8100. A text with no number ("All", "Search") names
-  // no tone; a number beyond the table is shown as the scanner gave it.
-  if (index < 1) return {};
-  if (index > 8100) return std::string(t);
+  // no tone; a number beyond the table (of any length) is shown as the scanner gave it.
+  if (!(value >= 1)) return {};
+  if (value >= 8101) return std::string(t);
+  const long long index = static_cast<long long>(std::trunc(value));
   return point ? formatFixed(value, 1) + "C" : padNumber(index, 3) + "D";
 }
 
@@ -146,7 +146,12 @@ void ActivityLogger::onTimer3() {
   const auto& l = st_.ldat;
   const std::string time = clock_.timeOfDay();
   const std::string date = clock_.date();
-  const std::string signal = family_ == Family::Sds ? l[ld::kRssi] : st_.signalValue;
+  // SDS: GLG is read before GSI; a tick between the two would mix two transmissions.
+  if (family_ == Family::Sds && st_.gsiPending) return;
+  // -999 is the scanner's "no reading".
+  const std::string signal = family_ == Family::Sds
+                                 ? (l[ld::kRssi] == "-999" ? std::string() : l[ld::kRssi])
+                                 : st_.signalValue;
 
   const std::string& cc = st_.ccdata[0];
   if (!cc.empty() && cc.find("MHz") != std::string::npos && cc != lastCc) {
@@ -220,7 +225,9 @@ void ActivityLogger::onTimer3() {
       st_.busy = false;
       lastKey.clear();
     } else if (options_.action == LogAction::Avoid) {
-      commands_.PressKey("AVOID");
+      // The avoid key toggles: a channel heard again (a reply already on its way when the
+      // scanner left it) must not be let back in.
+      if (avoidedKeys.insert(key).second) commands_.PressKey("AVOID");
       st_.busy = false;
       lastKey.clear();
     }

@@ -16,6 +16,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 
 #include "control/command_surface.h"
@@ -81,6 +82,7 @@ class ActivityLogger {
   std::string lastKey, lastNac, lastSubtone, lastUid, lastCc, lastToneA, lastToneB;
   std::int16_t foundRow = 0;
   std::string lastSystemText;  // "system/department" of the last hit
+  std::set<std::string> avoidedKeys;  // channels that "Log And Avoid" has locked out
 
  private:
   struct Row;

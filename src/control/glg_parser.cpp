@@ -14,9 +14,11 @@
 namespace zel::control {
 
 ParseResult StatusDecoder::parseGlg(const std::string& rx) {
-  if (rx.back() != '\r' || !startsWith(rx, "GLG,")) return ParseResult::Waiting;
+  if (!endsWith(rx, "\r") || !startsWith(rx, "GLG,")) return ParseResult::Waiting;
   std::string text = fixGlg(std::string_view(rx).substr(0, rx.size() - 1));
   st_.glgText = text;
+  // The SDS record is whole again only when the GSI reply of this round has been read.
+  st_.gsiPending = family_ == Family::Sds;
   if (options_.debug && text != "GLG,,,,,,,,,,,,") appendDatalog(text);
 
   std::string stripped = stripLineEnds(text);

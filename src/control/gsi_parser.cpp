@@ -86,7 +86,8 @@ void StatusDecoder::readGsiChannel(const std::string& xml) {
                    {"TGID=", ld::kTalkgroup},
                    {"Name=", ld::kChannel},
                    {"RecSlot=", ld::kRecSlot},
-                   {"SetSlot=", ld::kSetSlot}});
+                   {"SetSlot=", ld::kSetSlot},
+                   {"SvcType=", ld::kServiceType}});
   }
   if (xml.find("<<UnitID Name") != std::string::npos) {
     apply("UnitID", {{"U_Id=", ld::kUid}, {"Name=", ld::kUidName}});
@@ -104,6 +105,7 @@ void StatusDecoder::readGsiChannel(const std::string& xml) {
 ParseResult StatusDecoder::parseGsi(const std::string& rx) {
   if (rx.find("</ScannerInfo>") == std::string::npos) return ParseResult::Waiting;
   std::string xml = reshapeGsi(rx);
+  st_.gsiPending = false;
   st_.gsiText = xml;
   std::string site = XmlAttribute(xml, "Site ", "Index=");
   st_.siteIndex = site.empty() ? "0" : site;

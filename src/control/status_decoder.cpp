@@ -71,7 +71,7 @@ void StatusDecoder::appendDatalog(std::string_view line) {
 }
 
 ParseResult StatusDecoder::parseGid(const std::string& rx) {
-  if (rx.back() != '\r') return ParseResult::Waiting;
+  if (!endsWith(rx, "\r")) return ParseResult::Waiting;
   st_.groupText = rx.substr(0, rx.size() - 1);
   return ParseResult::Accepted;
 }
@@ -134,7 +134,7 @@ ParseResult StatusDecoder::parseServices(const std::string& rx) {
 }
 
 ParseResult StatusDecoder::parseWindow(const std::string& rx) {
-  if (rx.back() != '\r') return ParseResult::Waiting;
+  if (!endsWith(rx, "\r")) return ParseResult::Waiting;
   if (!startsWith(rx, "WIN,")) return ParseResult::Waiting;
   std::string f = ReplyField(rx, 2);
   st_.frequencyText = std::string(mid(f, 2, 3)) + "." + std::string(mid(f, 5, 4));
@@ -142,7 +142,7 @@ ParseResult StatusDecoder::parseWindow(const std::string& rx) {
 }
 
 ParseResult StatusDecoder::parseWaterfall(const std::string& rx) {
-  if (rx.back() != '\r') return ParseResult::Waiting;
+  if (!endsWith(rx, "\r")) return ParseResult::Waiting;
   if (!startsWith(rx, "GWF")) return ParseResult::Waiting;
   if (waterfallSink) waterfallSink(rx.substr(0, rx.size() - 1));
   return ParseResult::Accepted;

@@ -30,7 +30,7 @@ std::string labelledValue(std::string_view row, std::string_view label) {
 }  // namespace
 
 ParseResult StatusDecoder::parseSts(const std::string& rx) {
-  if (rx.back() != '\r') return ParseResult::Waiting;
+  if (!endsWith(rx, "\r")) return ParseResult::Waiting;
   link_.watchdogCount = 0;
   std::string fixed = fixStatus(rx);
   RenderStatus(fixed);

@@ -93,6 +93,7 @@ struct ScannerStatus {
   int listScreen = 0;
   bool busy = false;              // a transmission is on (the busy mark)
   bool miniBusy = false;          // the busy mark of the mini view
+  bool gsiPending = false;        // SDS: GLG read, the GSI reply of the same round not yet
   std::string screenText;         // the last complete STS reply
   std::string groupText;          // the last GID reply
   std::string glgText;            // the last GLG reply, without its CR

@@ -158,7 +158,9 @@ void ScannerSim::runUntil(std::int64_t t) {
           phaseEnds_ = next + 3600000;  // the weather broadcast does not stop
         } else if (mode_ == SimMode::Scan || mode_ == SimMode::ToneOut) {
           if (!holdChannel_ && !quickHoldOn_) step(+1);
-          if (chance(rng_) < options_.activity) {
+          // A locked-out channel is never stopped on, even when no other one is left.
+          const bool lockedOut = !quickHoldOn_ && avoided_.count(current_) > 0;
+          if (!lockedOut && chance(rng_) < options_.activity) {
             startTransmission(next);
           } else {
             phaseEnds_ = next + kDwellMs;

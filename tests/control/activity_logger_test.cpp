@@ -19,6 +19,13 @@ int logRows(const LogPage& page) {
   return n;
 }
 
+// A GSI reply holding `body` and no Property element.
+std::string gsiReply(const std::string& body) {
+  return "GSI,<XML>,\r<?xml version=\"1.0\" encoding=\"utf-8\"?>\r"
+         "<ScannerInfo Mode=\"Scan Mode\" V_Screen=\"trunk_scan\">\r" +
+         body + "</ScannerInfo>\r";
+}
+
 struct LoggerRig : VcRig {
   explicit LoggerRig(Family f = Family::Bcd, std::string folder = "") : VcRig(f, folder) {
     vc->options.action = LogAction::Off;
@@ -167,6 +174,48 @@ TEST(ActivityLogger, ToneOutRowsAndTheEmptyTone) {
       EXPECT_TRUE(rig.lines.empty());
     }
   }
+}
+
+TEST(ActivityLogger, AnSdsLineDescribesOneTransmissionWhole) {
+  LoggerRig rig(Family::Sds);
+  auto& l = rig.vc->status.ldat;
+  // The first transmission, GLG and GSI read: a conventional channel with a service type.
+  rig.glg(glgReply("0154.4300", "Dispatch"));
+  rig.vc->decoder.parseGsi(
+      gsiReply("  <ConvFrequency Name=\"Dispatch\" Freq=\" 154.430000MHz\" Mod=\"NFM\" "
+               "SvcType=\"Fire Dispatch\" />\r  <Property Mute=\"Unmute\" Rssi=\"-60\" />\r"));
+  rig.vc->logger.onTimer3();
+  ASSERT_EQ(rig.lines.size(), 1u);
+  EXPECT_EQ(rig.lines[0],
+            "LOG,154.4300,,Dispatch,,,,Fire Dispatch,County,Fire,1,-60,NFM,10:00:00,2026-01-01");
+  // The next one: its GLG is read, its GSI not yet. A tick here must not log a line made of
+  // the new channel and the old one's service type and signal.
+  rig.glg(glgReply("2412", "Fire Ops 1"));
+  rig.vc->logger.onTimer3();
+  EXPECT_EQ(rig.lines.size(), 1u);
+  // Its GSI: a talkgroup with its own service type and no signal reading (-999).
+  rig.vc->decoder.parseGsi(
+      gsiReply("  <TGID Name=\"Fire Ops 1\" TGID=\"2412\" SvcType=\"Fire Tac\" />\r"
+               "  <Property Mute=\"Unmute\" Rssi=\"-999\" />\r"));
+  EXPECT_EQ(l[ld::kServiceType], "Fire Tac");
+  rig.vc->logger.onTimer3();
+  ASSERT_EQ(rig.lines.size(), 2u);
+  EXPECT_EQ(rig.lines[1],
+            "LOG,,2412,Fire Ops 1,,,,Fire Tac,County,Fire,1,,NFM,10:00:00,2026-01-01");
+}
+
+TEST(ActivityLogger, LogAndAvoidPressesAvoidOncePerChannel) {
+  LoggerRig rig;
+  rig.connect();
+  rig.vc->options.action = LogAction::Avoid;
+  rig.port.clearOutput();
+  // The same channel reported busy again after the key (a reply already on its way), then
+  // another channel.
+  for (const char* channel : {"Dispatch", "Dispatch", "Tac 2"}) {
+    rig.glg(glgReply("0154.4300", channel));
+    rig.vc->logger.onTimer3();
+  }
+  EXPECT_EQ(rig.port.commands(), (std::vector<std::string>{"KEY,L,P", "KEY,L,P"}));
 }
 
 TEST(ActivityLogger, CloseCallHitsAreLoggedOncePerFrequency) {
@@ -335,6 +384,7 @@ TEST(ActivityLogger, TheSdsPageHasAnExtraInfoColumn) {
   rig.vc->status.ldat[ld::kServiceType] = "Fire Dispatch";
   rig.vc->status.ldat[ld::kRssi] = "-67";
   rig.glg(glgReply("2412", "Fire Ops 1", "", true, "NONE"));
+  rig.vc->decoder.parseGsi(gsiReply("<Property Mute=\"Unmute\" Rssi=\"-67\" />\r"));
   rig.vc->logger.onTimer3();
   ASSERT_EQ(rig.lines.size(), 1u);
   EXPECT_EQ(rig.lines[0],
@@ -392,7 +442,11 @@ TEST(SubtoneText, TonesShowWithTheirKind) {
     const char* shown;
   } cases[] = {{"127.3", "127.3C"}, {"67", "067D"},   {"023", "023D"}, {"754", "754D"},
                {"0", ""},           {"None", ""},     {"", ""},        {"All", ""},
-               {"9999", "9999"},    {"71.9", "71.9C"}};
+               {"9999", "9999"},    {"71.9", "71.9C"},
+               // beyond a 64-bit integer: shown as given
+               {"99999999999999999999", "99999999999999999999"},
+               {"123456789012345678901234567890.5", "123456789012345678901234567890.5"},
+               {"-99999999999999999999", ""}};
   for (const auto& c : cases) EXPECT_EQ(subtoneText(c.raw), c.shown) << c.raw;
 }
 

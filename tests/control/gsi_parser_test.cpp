@@ -87,6 +87,23 @@ TEST(GsiParser, NoValueWordsClearAChannelCellAndEmptyAttributesKeepTheOthers) {
   EXPECT_FALSE(rig.vc->status.busy);
 }
 
+TEST(GsiParser, TheServiceTypeIsTheChannelsOwn) {
+  struct Case {
+    const char* body;
+    const char* service;
+  } cases[] = {
+      {"  <TGID Name=\"Fire Ops 1\" TGID=\"2412\" SvcType=\"Fire Tac\" />\r", "Fire Tac"},
+      {"  <TGID Name=\"Fire Ops 1\" TGID=\"2412\" />\r", ""},  // none given: none kept
+      {"  <ConvFrequency Name=\"Ch 3\" Freq=\" 462.612500MHz\" SvcType=\"Ham\" />\r", "Ham"},
+  };
+  for (const auto& c : cases) {
+    VcRig rig(Family::Sds);
+    rig.vc->status.ldat[ld::kServiceType] = "Other";  // the channel heard before
+    rig.vc->decoder.parseGsi(gsi(c.body, "Mute=\"Unmute\""));
+    EXPECT_EQ(rig.vc->status.ldat[ld::kServiceType], c.service) << c.body;
+  }
+}
+
 TEST(GsiParser, RssiDrivesTheNeedle) {
   struct Case {
     const char* property;

@@ -68,6 +68,20 @@ TEST(ShortReplies, WindowFrequencyGroupTextAndServiceFlags) {
   EXPECT_EQ(s[37], -1);
 }
 
+TEST(ShortReplies, AnEmptyReplyIsWaitedOnByEveryParser) {
+  for (Family f : {Family::Bcd, Family::Sds}) {
+    VcRig rig(f);
+    auto& d = rig.vc->decoder;
+    const std::string empty;
+    EXPECT_EQ(d.parseGlg(empty), ParseResult::Waiting);
+    EXPECT_EQ(d.parseSts(empty), ParseResult::Waiting);
+    EXPECT_EQ(d.parseGid(empty), ParseResult::Waiting);
+    EXPECT_EQ(d.parseWindow(empty), ParseResult::Waiting);
+    EXPECT_EQ(d.parseWaterfall(empty), ParseResult::Waiting);
+    EXPECT_EQ(d.parseGsi(empty), ParseResult::Waiting);
+  }
+}
+
 TEST(ShortReplies, TheDispatchFollowsTheStepAwaited) {
   VcRig rig(Family::Bcd);
   rig.connect();

@@ -69,6 +69,16 @@ TEST(MonitorE2E, SdsFamilyReadsTheXmlAndReportsAsJson) {
   }
 }
 
+TEST(MonitorE2E, TheFamilyIsPickedFromTheModel) {
+  SimulatedScanner sim({"--model", "SDS100", "--seed", "8", "--activity", "0.5"});
+  ASSERT_FALSE(sim.device().empty());
+  ZelRun m = monitor(sim.device(), {"--seconds", "4", "--json"});
+  ASSERT_EQ(m.exitCode, 0) << m.err;
+  EXPECT_NE(m.out.find("\"family\":\"sds\""), std::string::npos) << m.out;
+  EXPECT_EQ(m.err.find("SDS VC"), std::string::npos) << m.err;
+  EXPECT_FALSE(jsonLines(m.out).empty()) << m.out;
+}
+
 TEST(MonitorE2E, ASilentScannerIsResetByTheWatchdogAndPollingResumes) {
   SimulatedScanner sim({"--model", "BCD436HP", "--silent-after", "1", "--silent-for", "2.5"});
   ASSERT_FALSE(sim.device().empty());
@@ -94,10 +104,10 @@ TEST(MonitorE2E, GarbageAndCutRepliesDoNotStopThePolling) {
   }
 }
 
-TEST(MonitorE2E, TheBcdWindowRefusesAnSdsScanner) {
+TEST(MonitorE2E, TheBcdWindowAskedForRefusesAnSdsScanner) {
   SimulatedScanner sim({"--model", "SDS100"});
   ASSERT_FALSE(sim.device().empty());
-  ZelRun m = monitor(sim.device(), {"--seconds", "4"});
+  ZelRun m = monitor(sim.device(), {"--seconds", "4", "--family", "bcd"});
   EXPECT_EQ(m.exitCode, 1);
   EXPECT_NE(m.err.find("New sds model detected, please select SDS VC for correct interface"),
             std::string::npos)

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/text.h"
+#include "sim/scanner_sim_list.h"
 
 namespace zel::sim {
 namespace {
@@ -134,6 +135,22 @@ TEST(ScannerSim, KeysAnswerOkAndChangeTheScan) {
   s.sim->answer("KEY,L,P");
   EXPECT_TRUE(s.sim->avoided(avoided));
   EXPECT_TRUE(s.sim->avoided(second));
+}
+
+TEST(ScannerSim, ALockedOutChannelIsNeverStoppedOn) {
+  Scan s("BCD536HP", 4, 1.0);  // every channel would be busy
+  const int n = static_cast<int>(builtInScanList().channels.size());
+  // Avoid them all: each press locks out the channel on show and moves on.
+  for (int i = 0; i < n; ++i) s.sim->answer("KEY,L,P");
+  for (int i = 0; i < n; ++i) ASSERT_TRUE(s.sim->avoided(i)) << i;
+  const int before = s.sim->transmissions();
+  s.to(30000);
+  EXPECT_EQ(s.sim->transmissions(), before);
+  EXPECT_FALSE(s.sim->receiving());
+  // The last one let back in is stopped on again.
+  s.sim->answer("KEY,L,P");
+  EXPECT_FALSE(s.sim->avoided(s.sim->channelIndex()));
+  EXPECT_TRUE(s.untilReceiving());
 }
 
 TEST(ScannerSim, VolumeSquelchModesAndQuickHold) {
