@@ -12,6 +12,7 @@
 #include "core/memory_ports.h"
 #include "core/session.h"
 #include "platform/qt_settings_store.h"
+#include "ui/backup_reminder.h"
 #include "ui/main_window.h"
 #include "ui/qt_feedback.h"
 #include "ui/rr_import_window.h"
@@ -80,9 +81,8 @@ int runApplication(QApplication& app) {
   } else if (radioRef) {
     QTimer::singleShot(300, &window, [&window] { window.openRadioReferenceImport(); });
   } else if (!parser.isSet(noReminder)) {
-    QTimer::singleShot(200, &window, [&feedback] {
-      feedback.message("Please backup your data and store in a safe place!");
-    });
+    QTimer::singleShot(200, &window,
+                       [&window, &session] { remindBackup(&window, session.settingsCodec()); });
   }
   const QString toOpen = files.isEmpty() ? QString::fromStdString(autoLoad) : files.first();
   if (!toOpen.isEmpty()) {
