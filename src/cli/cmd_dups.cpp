@@ -48,6 +48,11 @@ ZEL_COMMAND(45) {
   cmd->add_flag("--talkgroups", args->talkgroups, "Talkgroups instead of frequencies");
   cmd->add_flag("--json", context.json, "Print a JSON array");
   cmd->callback([args, &context] {
+    if (args->system < 0 || args->system > 999) {
+      throw cli::UserError{"--system takes a system number from 1 to 999, not " +
+                               std::to_string(args->system) + ".",
+                           2};
+    }
     std::string pattern = (fs::temp_directory_path() / "zel-dups-XXXXXX").string();
     if (!mkdtemp(pattern.data())) throw cli::UserError{"Cannot make a temporary folder."};
     struct Cleanup {

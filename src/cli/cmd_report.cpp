@@ -55,5 +55,12 @@ ZEL_COMMAND(33) {
   cmd->add_option("FILE", args->in, "The .hpd file to read")->required();
   cmd->add_option("--system", args->system, "Only this system, by its number in the file");
   cmd->add_option("-o,--out", args->out, "The HTML file to write (default: standard output)");
-  cmd->callback([args] { runReport(*args); });
+  cmd->callback([args] {
+    if (args->system < 0 || args->system > 999) {
+      throw cli::UserError{"--system takes a system number from 1 to 999, not " +
+                               std::to_string(args->system) + ".",
+                           2};
+    }
+    runReport(*args);
+  });
 }

@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 #include <iostream>
+#include <string>
 #include <vector>
 
 #include "cli/command_registry.h"
@@ -57,6 +58,39 @@ void oneValueEachTime(CLI::App& app) {
   }
   for (CLI::App* sub : app.get_subcommands({})) oneValueEachTime(*sub);
 }
+
+// A mistyped verb or noun: the words given are followed down the commands, and the first word
+// that names no command where one is due is refused with the commands that may stand there.
+// Returns the sentence to print, or nothing when every word names a command.
+std::string unknownCommand(CLI::App& app, int argc, char** argv) {
+  CLI::App* at = &app;
+  std::string path = "zel";
+  for (int i = 1; i < argc; ++i) {
+    const std::string word = argv[i];
+    if (at == &app && (word == "--data-dir" || word == "--settings")) {
+      ++i;
+      continue;
+    }
+    if (word.empty() || word[0] == '-') {
+      if (at == &app) continue;
+      return {};
+    }
+    std::vector<CLI::App*> subs = at->get_subcommands({});
+    if (subs.empty()) return {};
+    CLI::App* next = nullptr;
+    std::string names;
+    for (CLI::App* sub : subs) {
+      if (sub->check_name(word)) next = sub;
+      names += (names.empty() ? "" : ", ") + sub->get_name();
+    }
+    if (!next) {
+      return "Unknown command \"" + word + "\" for \"" + path + "\": use one of " + names + ".";
+    }
+    at = next;
+    path += " " + next->get_name();
+  }
+  return {};
+}
 }  // namespace
 
 }  // namespace zel::cli
@@ -78,6 +112,10 @@ int main(int argc, char** argv) {
   zel::cli::CommandRegistry::registerAll(app, context);
   zel::cli::oneValueEachTime(app);
 
+  if (std::string unknown = zel::cli::unknownCommand(app, argc, argv); !unknown.empty()) {
+    std::cerr << unknown << '\n';
+    return 2;
+  }
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp& e) {
