@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QSplitter>
@@ -68,7 +69,17 @@ MainWindow::MainWindow(Session& session, Feedback& feedback, QWidget* parent)
 
 void MainWindow::buildCentre() {
   splitter_ = new QSplitter(Qt::Horizontal, this);
-  auto* favorites = new FavoritesTree(splitter_);
+  auto* left = new QWidget(splitter_);
+  auto* leftLayout = new QVBoxLayout(left);
+  leftLayout->setContentsMargins(0, 0, 0, 0);
+  filter_ = new QLineEdit(left);
+  filter_->setObjectName("treeFilter");
+  filter_->setPlaceholderText("Find a system, site or department");
+  filter_->setClearButtonEnabled(true);
+  connect(filter_, &QLineEdit::textChanged, this, [this] { applyFilter(); });
+  leftLayout->addWidget(filter_);
+  auto* favorites = new FavoritesTree(left);
+  leftLayout->addWidget(favorites);
   connect(favorites, &FavoritesTree::nodeDropped, this, &MainWindow::dropNode);
   tree_ = favorites;
   tree_->setObjectName("TreeView2");
@@ -297,9 +308,39 @@ void MainWindow::refreshTree() {
     item->setData(0, kKeyRole, key);
     addChildren(top, item);
   }
-  tree_->expandAll();
+  // A large document opens with its systems shown and closed.
+  if (countItems() > kLargeTree) {
+    tree_->collapseAll();
+    for (int i = 0; i < tree_->topLevelItemCount(); ++i) {
+      QTreeWidgetItem* top = tree_->topLevelItem(i);
+      if (top->data(0, kKeyRole).toString().startsWith("FAV-")) top->setExpanded(true);
+    }
+  } else {
+    tree_->expandAll();
+  }
+  applyFilter();
   refreshing_ = false;
   updateStatus();
+}
+
+int MainWindow::countItems() const {
+  int n = 0;
+  for (QTreeWidgetItemIterator it(tree_); *it; ++it) ++n;
+  return n;
+}
+
+void MainWindow::applyFilter() {
+  const QString text = filter_->text().trimmed();
+  // Shows the items whose name holds the text, with the nodes above them opened.
+  std::function<bool(QTreeWidgetItem*)> show = [&](QTreeWidgetItem* item) {
+    bool any = false;
+    for (int i = 0; i < item->childCount(); ++i) any = show(item->child(i)) || any;
+    const bool own = text.isEmpty() || item->text(0).contains(text, Qt::CaseInsensitive);
+    item->setHidden(!own && !any);
+    if (!text.isEmpty() && any) item->setExpanded(true);
+    return own || any;
+  };
+  for (int i = 0; i < tree_->topLevelItemCount(); ++i) show(tree_->topLevelItem(i));
 }
 
 bool MainWindow::selectKey(const QString& key) {

@@ -14,6 +14,7 @@
 #include "grid/grid_setup.h"
 
 class QLabel;
+class QLineEdit;
 class QListWidget;
 class QTableView;
 class QTreeWidget;
@@ -153,7 +154,11 @@ class MainWindow : public QMainWindow, public SelectionHost {
   QSplitter* splitter_ = nullptr;
   std::map<QString, QAction*> actions_;
   bool filling_ = false;
-  bool refreshing_ = false;  // the tree is being built again
+  bool refreshing_ = false;
+  ::QLineEdit* filter_ = nullptr;  // finds nodes of the tree by name
+  static constexpr int kLargeTree = 300;  // items; a larger tree opens with its systems closed
+  int countItems() const;
+  void applyFilter();  // the tree is being built again
   FileChooser chooser_;
   std::unique_ptr<class CardRootsHolder> cardRoots_;
   std::shared_ptr<RRImportPreset> rrPreset_;

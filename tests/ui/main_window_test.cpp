@@ -139,6 +139,29 @@ class MainWindowTest : public QObject {
     QVERIFY(box->defaultButton() != box->button(QMessageBox::Yes));
   }
 
+  // A large document opens with its systems closed; the filter box finds a node by name as
+  // one types, and an empty filter shows every system again.
+  void largeDocumentOpensClosedAndTheFilterFindsByName() {
+    Fixture f;
+    for (int i = 0; i < 160; ++i) f.addSystem();
+    treemod::setField(f.session.document().data, "SYS-077", 4, "County Fire");
+    rebuildVisibleTree(f.session.document());
+    f.window->refreshTree();
+    QTreeWidget* tree = f.window->tree();
+    QCOMPARE(tree->topLevelItemCount(), 160);
+    for (int i = 0; i < tree->topLevelItemCount(); ++i)
+      QVERIFY(!tree->topLevelItem(i)->isExpanded());
+    auto* filter = test::child<QLineEdit>(f.window.get(), "treeFilter");
+    QTest::keyClicks(filter, "county f");
+    int shown = 0;
+    for (int i = 0; i < tree->topLevelItemCount(); ++i)
+      if (!tree->topLevelItem(i)->isHidden()) ++shown;
+    QCOMPARE(shown, 1);
+    filter->clear();
+    for (int i = 0; i < tree->topLevelItemCount(); ++i)
+      QVERIFY(!tree->topLevelItem(i)->isHidden());
+  }
+
   void refusalsUseTheSystemsMessages() {
     Fixture f;
     f.window->runCommand("New Department");
