@@ -149,6 +149,8 @@ std::string visibleCaption(const Document& doc, std::string_view key) {
     return name.empty() ? std::string(key) : name;
   }
   std::string name = record::field(treemod::getText(doc.data, key), 4);
+  // A department of no name says so; its key means nothing to a user.
+  if (name.empty() && startsWith(key, "GRP-")) return "(no name)";
   return name.empty() ? std::string(key) : name;
 }
 

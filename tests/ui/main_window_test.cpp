@@ -162,6 +162,18 @@ class MainWindowTest : public QObject {
       QVERIFY(!tree->topLevelItem(i)->isHidden());
   }
 
+  // A department of no name shows as such in the tree, not as its key.
+  void departmentOfNoNameShowsAsSuch() {
+    Fixture f;
+    const int sys = f.addSystem();
+    const std::string dept = f.firstDepartment(sys);
+    treemod::setField(f.session.document().data, dept, 4, "");
+    rebuildVisibleTree(f.session.document());
+    f.window->refreshTree();
+    QTreeWidgetItem* item = f.window->tree()->topLevelItem(0)->child(0);
+    QVERIFY(item->text(0).endsWith("(no name)"));
+  }
+
   void refusalsUseTheSystemsMessages() {
     Fixture f;
     f.window->runCommand("New Department");
