@@ -174,6 +174,23 @@ class MainWindowTest : public QObject {
     QVERIFY(item->text(0).endsWith("(no name)"));
   }
 
+  // The real state file of a card opens with its systems closed.
+  void realStateFileOpensClosed() {
+    const std::string path =
+        std::string(ZEL_REALDATA_DIR) + "/card_sds200/BCDx36HP/HPDB/s_000006.hpd";
+    if (!std::filesystem::exists(path)) QSKIP("the real card files are not beside the checkout");
+    Fixture f;
+    QVERIFY(f.window->openPath(QString::fromStdString(path)));
+    QTreeWidget* tree = f.window->tree();
+    int systems = 0;
+    for (QTreeWidgetItemIterator it(tree); *it; ++it) {
+      if (!(*it)->data(0, ui::FavoritesTree::kKeyRole).toString().startsWith("SYS-")) continue;
+      ++systems;
+      QVERIFY(!(*it)->isExpanded());
+    }
+    QVERIFY(systems > 0);
+  }
+
   void refusalsUseTheSystemsMessages() {
     Fixture f;
     f.window->runCommand("New Department");
