@@ -161,5 +161,6 @@ ZEL_COMMAND(46) {
       text = exchange::channelCsvExport(*scratch.pages, doc.family);
     }
     writeWhole(ex->out, text);
+    std::cout << "Wrote " << ex->out << "\n";
   });
 }

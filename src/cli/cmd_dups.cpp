@@ -95,6 +95,7 @@ ZEL_COMMAND(45) {
       std::cout << "]\n";
       return;
     }
+    if (found.empty()) std::cout << "No duplicates found.\n";
     for (const auto& r : found) {
       std::cout << r.data << '\t' << r.key << '\t' << r.alphaTag << '\t' << r.system << '\t'
                 << r.department << '\n';
