@@ -138,9 +138,12 @@ ZEL_COMMAND(46) {
   auto ex = std::make_shared<ExportArgs>();
   auto* exportCmd = csv->add_subcommand("export", "A favorites file as one line a channel");
   exportCmd->add_option("FILE", ex->in, "The .hpd file")->required();
-  exportCmd->add_option("OUT", ex->out, "The text file to write")->required();
+  auto* exportOut = exportCmd->add_option("OUT", ex->out, "The text file to write");
+  exportCmd->add_option("-o,--out", ex->out, "The text file to write (instead of OUT)")
+      ->excludes(exportOut);
   exportCmd->add_flag("--zel", ex->zel, "The \"[ZEL CSV FILE]\" form, one line a system");
   exportCmd->callback([ex] {
+    if (ex->out.empty()) throw cli::UserError{"Name the file to write with OUT or -o.", 2};
     Scratch scratch;
     Document doc;
     RecordingFeedback quiet;

@@ -85,8 +85,11 @@ ZEL_COMMAND(30) {
   auto* convertCmd =
       hpd->add_subcommand("convert", "Read a favorites file and save it in the x36-family form");
   convertCmd->add_option("IN", convert->in, "The file to read")->required();
-  convertCmd->add_option("OUT", convert->out, "The file to write")->required();
+  auto* convertOut = convertCmd->add_option("OUT", convert->out, "The file to write");
+  convertCmd->add_option("-o,--out", convert->out, "The file to write (instead of OUT)")
+      ->excludes(convertOut);
   convertCmd->callback([convert] {
+    if (convert->out.empty()) throw cli::UserError{"Name the file to write with OUT or -o.", 2};
     Document doc;
     MemoryRows rows;
     cli::readHpdOrFail(doc, rows, convert->in);

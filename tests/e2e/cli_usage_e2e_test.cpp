@@ -53,6 +53,8 @@ INSTANTIATE_TEST_SUITE_P(
                   "--system takes a system number from 1 to 999, not 1000.\n"},
         UsageCase{"dups missing.hpd --system -3",
                   "--system takes a system number from 1 to 999, not -3.\n"},
+        UsageCase{"csv export missing.hpd", "Name the file to write with OUT or -o.\n"},
+        UsageCase{"hpd convert missing.hpd", "Name the file to write with OUT or -o.\n"},
         UsageCase{"hpd report missing.hpd --system 1000",
                   "--system takes a system number from 1 to 999, not 1000.\n"}));
 
@@ -90,6 +92,10 @@ TEST_P(SummaryLine, IsPrintedOnSuccess) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, SummaryLine,
                          ::testing::Values(SummaryCase{"csv export IN OUT", "Wrote OUT\n"},
+                                           SummaryCase{"csv export IN -o OUT", "Wrote OUT\n"},
+                                           SummaryCase{"csv export IN --out OUT", "Wrote OUT\n"},
+                                           SummaryCase{"hpd convert IN -o OUT",
+                                                       "Wrote OUT: 1 systems\n"},
                                            SummaryCase{"dups IN", "No duplicates found.\n"},
                                            SummaryCase{"dups IN --json", "[]\n"}));
 
