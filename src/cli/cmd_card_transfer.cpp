@@ -82,7 +82,7 @@ ZEL_COMMAND(43) {
   };
   auto a = std::make_shared<Args>();
   cmd->add_option("N", a->numbers, "Numbers of the lists, as in f_00000N.hpd")->required();
-  cmd->add_option("--out", a->out, "The .hpd file to write")->required();
+  cmd->add_option("-o,--out", a->out, "The .hpd file to write")->required();
   cmd->add_option("--root", a->roots, "A folder to look in for a card (repeatable)");
   cmd->callback([a, &context] {
     auto card = cli::openCard(context, a->roots);

@@ -99,5 +99,17 @@ INSTANTIATE_TEST_SUITE_P(Cases, SummaryLine,
                                            SummaryCase{"dups IN", "No duplicates found.\n"},
                                            SummaryCase{"dups IN --json", "[]\n"}));
 
+// The card's lists are read into a file named by -o as by --out.
+class CardOutput : public CardCommand, public ::testing::WithParamInterface<std::string> {};
+
+TEST_P(CardOutput, NamesTheFileWritten) {
+  const std::string c = card("c", "BCD536HP");
+  ZelRun r = zel("card read 1 " + GetParam() + " '" + path("read.hpd") + "'" + root(c));
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  EXPECT_TRUE(fs::exists(path("read.hpd")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, CardOutput, ::testing::Values("-o", "--out"));
+
 }  // namespace
 }  // namespace zel::e2e
