@@ -58,6 +58,23 @@ void ensureApplication() {
   static QCoreApplication app(argc, argv);
 }
 
+// A client of the simulated service as the application makes one, logged in as demo.
+struct DemoSession {
+  DemoSession(const sim::RadioRefSim& sim, const std::filesystem::path& work)
+      : client(http, feedback, clock), queries(client) {
+    client.BaseUrl = sim.endpoint();
+    client.WorkFolder = work.string();
+    client.appKeySetting = "12345678";
+    loggedIn = queries.login("demo", "demo").result == LoginOutcome::Result::LoggedIn;
+  }
+  QtHttpTransport http;
+  RecordingFeedback feedback;
+  SystemClock clock;
+  SoapClient client;
+  RRQueries queries;
+  bool loggedIn = false;
+};
+
 void BM_LoginAndWalkToCountyFrequencies(benchmark::State& state) {
   ensureApplication();
   sim::RadioRefSim sim({});
@@ -68,15 +85,9 @@ void BM_LoginAndWalkToCountyFrequencies(benchmark::State& state) {
   const auto work = std::filesystem::temp_directory_path() / "zel-rr-bench";
   std::size_t rows = 0;
   for (auto _ : state) {
-    QtHttpTransport http;
-    RecordingFeedback feedback;
-    SystemClock clock;
-    SoapClient client(http, feedback, clock);
-    client.BaseUrl = sim.endpoint();
-    client.WorkFolder = work.string();
-    client.appKeySetting = "12345678";
-    RRQueries q(client);
-    if (q.login("demo", "demo").result != LoginOutcome::Result::LoggedIn) {
+    DemoSession session(sim, work);
+    RRQueries& q = session.queries;
+    if (!session.loggedIn) {
       state.SkipWithError("login failed");
       break;
     }
@@ -106,15 +117,9 @@ void BM_ImportRealP25System(benchmark::State& state) {
     return;
   }
   const auto work = std::filesystem::temp_directory_path() / "zel-rr-bench-import";
-  QtHttpTransport http;
-  RecordingFeedback feedback;
-  SystemClock clock;
-  SoapClient client(http, feedback, clock);
-  client.BaseUrl = sim.endpoint();
-  client.WorkFolder = work.string();
-  client.appKeySetting = "12345678";
-  RRQueries q(client);
-  if (q.login("demo", "demo").result != LoginOutcome::Result::LoggedIn) {
+  DemoSession session(sim, work);
+  RRQueries& q = session.queries;
+  if (!session.loggedIn) {
     state.SkipWithError("login failed");
     return;
   }

@@ -10,6 +10,7 @@
 #include <iostream>
 
 #include "core/settings.h"
+#include "formats/text_file.h"
 #include "platform/qt_http_transport.h"
 #include "radioref/soap_envelope.h"
 
@@ -45,10 +46,9 @@ std::string promptPassword() {
 
 std::string readPassword(const RROptions& options) {
   if (!options.passwordFile.empty()) {
-    std::ifstream in(options.passwordFile, std::ios::binary);
-    if (!in) throw UserError{"Cannot read the password file " + options.passwordFile + "."};
-    std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    return firstLine(text);
+    auto text = formats::readWholeFile(options.passwordFile);
+    if (!text) throw UserError{"Cannot read the password file " + options.passwordFile + "."};
+    return firstLine(*text);
   }
   if (const char* env = std::getenv("ZEL_RR_PASSWORD")) return env;
   if (isatty(STDIN_FILENO)) return promptPassword();

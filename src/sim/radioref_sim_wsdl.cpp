@@ -16,7 +16,7 @@ namespace {
 // SOAP-ENC:Array of the named item type.
 struct TypeDef {
   std::string_view name;
-  std::string_view spec;
+  std::string_view layout;
 };
 
 constexpr TypeDef kTypes[] = {
@@ -128,16 +128,16 @@ std::string xsdType(std::string_view shortType) {
 
 void writeType(std::ostringstream& out, const TypeDef& type) {
   out << " <xsd:complexType name=\"" << type.name << "\">\n";
-  if (!type.spec.empty() && type.spec.front() == '[') {
+  if (!type.layout.empty() && type.layout.front() == '[') {
     out << "  <xsd:complexContent>\n"
         << "   <xsd:restriction base=\"SOAP-ENC:Array\">\n"
         << "    <xsd:attribute ref=\"SOAP-ENC:arrayType\" wsdl:arrayType=\"tns:"
-        << type.spec.substr(1) << "[]\"/>\n"
+        << type.layout.substr(1) << "[]\"/>\n"
         << "   </xsd:restriction>\n"
         << "  </xsd:complexContent>\n";
   } else {
     out << "  <xsd:all>\n";
-    std::string_view rest = type.spec;
+    std::string_view rest = type.layout;
     while (!rest.empty()) {
       std::size_t end = rest.find(' ');
       std::string_view field = rest.substr(0, end);

@@ -76,6 +76,13 @@ void fitColumns(QTreeWidget* list) {
   }
 }
 
+// Forgets the rows fetched for a node that was unticked, and where it stood in the order.
+template <class Held>
+void forgetFetched(Held& held, std::vector<int>& order, int id) {
+  held.erase(id);
+  order.erase(std::remove(order.begin(), order.end(), id), order.end());
+}
+
 }  // namespace
 
 QWidget* RRImportWindow::buildConventionalTab() {
@@ -237,22 +244,29 @@ void RRImportWindow::onCategoryItemChanged(QTreeWidgetItem* item, int column) {
   if (on) {
     fetchSubcat(item);
   } else {
-    subcatFreqs_.erase(scid);
-    subcatOrder_.erase(std::remove(subcatOrder_.begin(), subcatOrder_.end(), scid),
-                       subcatOrder_.end());
-    filling_ = true;
-    item->setText(0, item->data(0, kNameRole).toString());
-    filling_ = false;
+    forgetFetched(subcatFreqs_, subcatOrder_, scid);
+    restoreCaption(item);
   }
   refillConventional();
+}
+
+// A node's caption without its counts, and a tick taken back, both without the change handlers.
+void RRImportWindow::restoreCaption(QTreeWidgetItem* item) {
+  filling_ = true;
+  item->setText(0, item->data(0, kNameRole).toString());
+  filling_ = false;
+}
+
+void RRImportWindow::untickQuietly(QTreeWidgetItem* item) {
+  filling_ = true;
+  setChecked(item, false);
+  filling_ = false;
 }
 
 void RRImportWindow::fetchSubcat(QTreeWidgetItem* item) {
   const int scid = keyNumber(item->data(0, kKeyRole).toString(), 'd');
   if (!beginCall()) {
-    filling_ = true;
-    setChecked(item, false);
-    filling_ = false;
+    untickQuietly(item);
     return;
   }
   waitStatus(4);
@@ -409,12 +423,8 @@ void RRImportWindow::onTalkgroupItemChanged(QTreeWidgetItem* item, int column) {
   if (on) {
     fetchTalkgroups(item);
   } else {
-    categoryTalkgroups_.erase(tgCid);
-    categoryOrder_.erase(std::remove(categoryOrder_.begin(), categoryOrder_.end(), tgCid),
-                         categoryOrder_.end());
-    filling_ = true;
-    item->setText(0, item->data(0, kNameRole).toString());
-    filling_ = false;
+    forgetFetched(categoryTalkgroups_, categoryOrder_, tgCid);
+    restoreCaption(item);
   }
   refillTalkgroups();
 }
@@ -422,9 +432,7 @@ void RRImportWindow::onTalkgroupItemChanged(QTreeWidgetItem* item, int column) {
 void RRImportWindow::fetchTalkgroups(QTreeWidgetItem* item) {
   const int tgCid = keyNumber(item->data(0, kKeyRole).toString(), 't');
   if (!beginCall()) {
-    filling_ = true;
-    setChecked(item, false);
-    filling_ = false;
+    untickQuietly(item);
     return;
   }
   waitStatus(4);

@@ -136,6 +136,8 @@ class RRImportWindow : public QMainWindow {
   void fillCategoryTree(const std::vector<radioref::RRCategory>& cats);
   void onCategoryItemChanged(QTreeWidgetItem* item, int column);
   void onTalkgroupItemChanged(QTreeWidgetItem* item, int column);
+  void restoreCaption(QTreeWidgetItem* item);
+  void untickQuietly(QTreeWidgetItem* item);
   void fetchSubcat(QTreeWidgetItem* item);
   void fetchTalkgroups(QTreeWidgetItem* item);
   void refillConventional();
