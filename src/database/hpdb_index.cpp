@@ -34,6 +34,14 @@ std::string withSlash(std::string folder) {
   return folder;
 }
 
+bool allDigits(std::string_view text) {
+  if (text.empty()) return false;
+  for (char c : text) {
+    if (c < '0' || c > '9') return false;
+  }
+  return true;
+}
+
 std::string_view cardIndexName(DbFamily family) {
   return family == DbFamily::Bcd ? "hpdb.cfg" : "hpdb.config";
 }
@@ -85,10 +93,9 @@ std::vector<StateEntry> parseIndex(std::string_view text, const std::string& fol
     if (fields.size() < 2) return;
     std::string_view id = trimView(fields[1]);
     if (startsWith(id, "StateId=")) id.remove_prefix(8);
-    if (id.empty() || id.size() > 6 || !isPlainNumber(id)) return;
+    if (id.size() > 6 || !allDigits(id)) return;
     StateEntry entry;
     entry.number = static_cast<int>(leadingInteger(id));
-    if (entry.number < 0) return;
     // The name is the field after CountryId; an index without it names the state by number.
     entry.name = fields.size() > 3 ? trim(fields[3]) : std::string{};
     if (entry.name.empty()) entry.name = "State " + std::to_string(entry.number);
