@@ -1,8 +1,6 @@
 #include "formats/text_file.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 
 namespace zel::formats {
@@ -25,36 +23,6 @@ std::optional<std::string> readWholeFile(const std::string& path) {
   std::fclose(f);
   if (failed) return std::nullopt;
   return data;
-}
-
-WriteStatus writeFileAtomically(const std::string& path, std::string_view content) {
-  WriteStatus status;
-  const std::string partial = path + ".zeltmp";
-  std::FILE* f = std::fopen(partial.c_str(), "wb");
-  if (!f) {
-    status.error = errno;
-    status.description = std::strerror(status.error);
-    return status;
-  }
-  const bool written = std::fwrite(content.data(), 1, content.size(), f) == content.size();
-  int writeError = written ? 0 : errno;
-  if (std::fclose(f) != 0 && writeError == 0) writeError = errno ? errno : EIO;
-  if (!written || writeError != 0) {
-    std::remove(partial.c_str());
-    status.error = writeError ? writeError : EIO;
-    status.description = std::strerror(status.error);
-    return status;
-  }
-  std::error_code ec;
-  std::filesystem::rename(partial, path, ec);
-  if (ec) {
-    std::remove(partial.c_str());
-    status.error = ec.value();
-    status.description = ec.message();
-    return status;
-  }
-  status.ok = true;
-  return status;
 }
 
 std::vector<std::string_view> splitLines(std::string_view text) {

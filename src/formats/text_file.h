@@ -1,6 +1,5 @@
-// Whole-file reads and safe writes for the scanner's text files. A write goes to a
-// temporary name beside the target and replaces the target only when every byte is out, so
-// a failed save never leaves a cut file where the user's file was.
+// Whole-file reads, line splitting, and (through atomic_file.h) safe writes for the
+// scanner's text files.
 #pragma once
 
 #include <cstring>
@@ -9,18 +8,12 @@
 #include <string_view>
 #include <vector>
 
+#include "formats/atomic_file.h"
+
 namespace zel::formats {
 
 // The bytes of a file, or nothing when it cannot be opened.
 std::optional<std::string> readWholeFile(const std::string& path);
-
-struct WriteStatus {
-  bool ok = false;
-  int error = 0;            // errno of the step that failed
-  std::string description;  // its text
-};
-// Writes `content` to `path` through "<path>.zeltmp" and a rename.
-WriteStatus writeFileAtomically(const std::string& path, std::string_view content);
 
 // Splits text into lines at CR LF, LF or CR; the ends are not kept. A last line without an
 // end counts; an end at the very end of the text adds no empty line.
