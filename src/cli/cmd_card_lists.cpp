@@ -127,11 +127,15 @@ ZEL_COMMAND(46) {
   auto recover = std::make_shared<std::vector<std::string>>();
   auto remove = std::make_shared<std::vector<std::string>>();
   auto yes = std::make_shared<bool>(false);
+  auto overwriteOrphans = std::make_shared<bool>(false);
   cmd->add_option("--recover", *recover, "Add an orphan as a list at the next free number");
   cmd->add_option("--delete", *remove, "Delete an orphan file");
   cmd->add_flag("--yes", *yes, "Confirm the deletion");
-  cmd->callback([args, recover, remove, yes, &context] {
+  cmd->add_flag("--overwrite-orphans", *overwriteOrphans,
+                "Let a recovered list take a number whose file lies on the card unnamed");
+  cmd->callback([args, recover, remove, yes, overwriteOrphans, &context] {
     auto card = openCard(context, args->roots);
+    card.setOverwriteFiles(*overwriteOrphans);
     if (!remove->empty() && !*yes) {
       throw UserError{"Are you sure you want to delete the selected files? Add --yes to confirm."};
     }
@@ -223,9 +227,15 @@ ZEL_COMMAND(49) {
     zel::RecordingFeedback quiet;
     const std::string cardRoot =
         std::filesystem::path(card.paths().folder).parent_path().parent_path().string();
-    const bool profile = zel::formats::enableAllInProfile(cardRoot, "1111111111", quiet);
+    using zel::formats::ProfileRewrite;
+    const ProfileRewrite profile =
+        zel::formats::enableAllInProfile(cardRoot, "1111111111", quiet);
     zel::cli::printRows(card, false);
-    std::cout << (profile ? "profile.cfg: every flag on\n"
-                          : "profile.cfg: not found, left alone\n");
+    if (profile == ProfileRewrite::Failed) {
+      throw UserError{"The lists were written, but profile.cfg could not be rewritten and is "
+                      "as it was."};
+    }
+    std::cout << (profile == ProfileRewrite::Written ? "profile.cfg: every flag on\n"
+                                                     : "profile.cfg: not found, left alone\n");
   });
 }

@@ -47,15 +47,25 @@ ZEL_COMMAND(42) {
     std::string name;
     int overwrite = 0;
     bool copyInName = false;
+    bool yes = false;
+    bool overwriteOrphans = false;
   };
   auto a = std::make_shared<Args>();
   cmd->add_option("FILE", a->file, "The .hpd file to save on the card")->required();
   cmd->add_option("--name", a->name, "Name of the new list");
   cmd->add_option("--overwrite", a->overwrite, "Replace list N, which keeps its number");
   cmd->add_flag("--copy-in-name", a->copyInName, "Wrap the name as [Fname]");
+  cmd->add_flag("--yes", a->yes, "Confirm that the data of the list replaced by --overwrite is lost");
+  cmd->add_flag("--overwrite-orphans", a->overwriteOrphans,
+                "Let the new list take a number whose file lies on the card unnamed (kept as .bac)");
   cmd->add_option("--root", a->roots, "A folder to look in for a card (repeatable)");
   cmd->callback([a, &context] {
+    if (a->overwrite > 0 && !a->yes) {
+      throw cli::UserError{
+          "Warning, data in existing Favorite List will be lost, Continue? Add --yes to confirm."};
+    }
     auto card = cli::openCard(context, a->roots);
+    card.setOverwriteFiles(a->overwriteOrphans);
     CardScratch scratch;
     RecordingFeedback quiet;
     formats::HpdReadOptions options;

@@ -21,6 +21,21 @@ std::vector<std::string_view> splitView(std::string_view text, char sep) {
   }
 }
 
+std::vector<std::string_view> splitView(std::string_view text, char sep, std::size_t maxFields) {
+  std::vector<std::string_view> out;
+  std::size_t start = 0;
+  while (out.size() < maxFields) {
+    std::size_t pos = text.find(sep, start);
+    if (pos == std::string_view::npos) {
+      out.push_back(text.substr(start));
+      break;
+    }
+    out.push_back(text.substr(start, pos - start));
+    start = pos + 1;
+  }
+  return out;
+}
+
 std::vector<std::string> split(std::string_view text, char sep) {
   std::vector<std::string> out;
   for (auto v : splitView(text, sep)) out.emplace_back(v);

@@ -10,6 +10,10 @@
 namespace zel {
 
 std::vector<std::string_view> splitView(std::string_view text, char sep);
+// The first `maxFields` fields only: the search stops there, so a line of a million
+// separators costs no more than one of `maxFields`. What follows the last field kept is
+// dropped.
+std::vector<std::string_view> splitView(std::string_view text, char sep, std::size_t maxFields);
 std::vector<std::string> split(std::string_view text, char sep);
 std::string join(const std::vector<std::string>& parts, char sep);
 

@@ -1,6 +1,7 @@
 #include "formats/favorites_config.h"
 
 #include "core/text.h"
+#include "formats/hpd_format.h"
 #include "formats/text_file.h"
 
 namespace zel::formats {
@@ -8,6 +9,9 @@ namespace zel::formats {
 namespace {
 
 constexpr std::size_t kStartupKeys = 10;
+constexpr std::size_t kSystemKeys = 100;
+// Tag, name, file, four key fields, then the flag groups: nothing past them is read.
+constexpr std::size_t kFieldCap = 7 + kStartupKeys + kSystemKeys;
 
 bool isListLine(std::string_view line) {
   return startsWith(line, "F-List") || startsWith(line, "F-1ist");
@@ -62,7 +66,7 @@ FavoritesConfig parseFavoritesConfig(std::string_view text) {
   std::vector<std::string_view> f;
   forEachLine(text, [&](std::string_view line) {
     if (!isListLine(line)) return;
-    f = splitView(line, '\t');
+    f = splitView(line, '\t', kFieldCap);
     if (config.rows.empty()) config.tag = std::string(f[0]);
     FavoritesListRow row;
     row.tag = std::string(f[0]);
@@ -74,7 +78,7 @@ FavoritesConfig parseFavoritesConfig(std::string_view text) {
     row.quickKey = at(5);
     row.numberTag = at(6);
     row.startupKeys = flagsFromFields(f, 7, kStartupKeys);
-    row.systemQuickKeys = flagsFromFields(f, 7 + kStartupKeys, 100);
+    row.systemQuickKeys = flagsFromFields(f, 7 + kStartupKeys, kSystemKeys);
     config.rows.push_back(std::move(row));
   });
   return config;
@@ -93,7 +97,10 @@ std::string formatFavoritesConfig(const std::vector<FavoritesListRow>& rows, std
     ++number;
     std::string line(tag);
     line += '\t';
-    line += row.name.empty() ? "New system " + std::to_string(number) : row.name;
+    // A TAB, CR or LF in a name would cut the line and orphan the list: the name cleaner
+    // drops them as it does for every name that reaches a file.
+    const std::string name = cleanName(row.name, "");
+    line += name.empty() ? "New system " + std::to_string(number) : name;
     line += '\t';
     line += row.file;
     line += '\t';

@@ -41,13 +41,16 @@ std::string enableAllFlags(std::string_view text) {
   return out;
 }
 
-bool enableAllInProfile(const std::string& cardRoot, std::string_view flags, Feedback& feedback) {
+ProfileRewrite enableAllInProfile(const std::string& cardRoot, std::string_view flags,
+                                  Feedback& feedback) {
   (void)flags;  // every flag is written "On", whatever the caller passes
   feedback.message("fix");
   const std::string path = profileConfigPath(cardRoot);
+  if (!fileExists(path)) return ProfileRewrite::Missing;
   std::optional<std::string> text = readWholeFile(path);
-  if (!text) return false;
-  return writeFileAtomically(path, enableAllFlags(*text)).ok;
+  if (!text) return ProfileRewrite::Failed;
+  return writeFileAtomically(path, enableAllFlags(*text)).ok ? ProfileRewrite::Written
+                                                              : ProfileRewrite::Failed;
 }
 
 }  // namespace zel::formats

@@ -19,10 +19,16 @@ std::string profileConfigPath(const std::string& cardRoot);
 // The file with every flag of its three lines "On" and its empty lines dropped, CR LF ended.
 std::string enableAllFlags(std::string_view text);
 
+enum class ProfileRewrite {
+  Written,  // every flag on
+  Missing,  // no profile.cfg on the card: left alone
+  Failed,   // the file is there but could not be read or replaced; it is as it was
+};
+
 // Rewrites the card's profile.cfg with all flags on. The step first shows "fix"; a file that
-// cannot be opened is left alone without a word. `flags` is the caller's flag string, which
-// the rewrite does not use: every flag is written "On". Returns true when the file was
-// rewritten.
-bool enableAllInProfile(const std::string& cardRoot, std::string_view flags, Feedback& feedback);
+// is not there is left alone without a word. `flags` is the caller's flag string, which the
+// rewrite does not use: every flag is written "On".
+ProfileRewrite enableAllInProfile(const std::string& cardRoot, std::string_view flags,
+                                  Feedback& feedback);
 
 }  // namespace zel::formats

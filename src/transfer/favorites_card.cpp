@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "core/text.h"
+#include "formats/hpd_format.h"
 #include "formats/text_file.h"
 
 namespace zel::transfer {
@@ -67,11 +68,14 @@ StepStatus FavoritesCard::load() {
 int FavoritesCard::lowestFreeNumber() const {
   std::set<std::string> keys;
   for (const auto& r : rows_) keys.insert(r.key);
+  const CardPaths bcd = cardPaths(card_.scannerRoot, CardFamily::Bcd);
+  const CardPaths home = cardPaths(card_.scannerRoot, CardFamily::HomePatrol);
+  auto fileOnCard = [&](int n) {
+    return formats::fileExists(bcd.path(bcd.listFileName(n))) ||
+           formats::fileExists(home.path(home.listFileName(n)));
+  };
   int n = 1;
-  while (keys.count(rowKey(n)) ||
-         (!overwriteFiles_ && formats::fileExists(paths_.path(paths_.listFileName(n))))) {
-    ++n;
-  }
+  while (keys.count(rowKey(n)) || (!overwriteFiles_ && fileOnCard(n))) ++n;
   return n;
 }
 
@@ -81,6 +85,14 @@ int FavoritesCard::rowOfNumber(int number) const {
     if (rows_[i].key == key) return static_cast<int>(i);
   }
   return -1;
+}
+
+StepStatus FavoritesCard::keepBackup(CardTransaction& tx, const std::string& file,
+                                     std::vector<std::string>& kept) {
+  const std::string bac = backupNameOf(file);
+  if (std::find(backupsMade_.begin(), backupsMade_.end(), bac) != backupsMade_.end()) return {};
+  kept.push_back(bac);
+  return tx.copy(paths_.path(file), paths_.path(bac));
 }
 
 StepStatus FavoritesCard::writeConfigIn(CardTransaction& tx,
@@ -113,6 +125,8 @@ StepStatus FavoritesCard::writeConfig() {
 SaveOutcome FavoritesCard::saveList(std::string_view hpdText, std::string name,
                                     std::optional<int> overwrite, bool copyInName) {
   SaveOutcome out;
+  // The name ends up as one TAB-separated field of a CR LF line.
+  name = formats::cleanName(name, "");
   if (copyInName && !startsWith(name, "[F")) name = "[F" + name + "]";
   auto rows = rows_;
   int row = -1;
@@ -144,9 +158,8 @@ SaveOutcome FavoritesCard::saveList(std::string_view hpdText, std::string name,
   const bool madeFolder = fs::create_directories(paths_.folder, ec);
   CardTransaction tx;
   const std::string listPath = paths_.path(out.file);
-  if (formats::fileExists(listPath)) {
-    out.status = tx.copy(listPath, paths_.path(backupNameOf(out.file)));
-  }
+  std::vector<std::string> kept;
+  if (formats::fileExists(listPath)) out.status = keepBackup(tx, out.file, kept);
   // The list is complete on the card before the configuration names it.
   if (out.status.ok) out.status = tx.write(listPath, hpdText);
   if (out.status.ok) out.status = writeConfigIn(tx, rows);
@@ -156,6 +169,7 @@ SaveOutcome FavoritesCard::saveList(std::string_view hpdText, std::string name,
     return out;
   }
   tx.commit();
+  backupsMade_.insert(backupsMade_.end(), kept.begin(), kept.end());
   rows_ = std::move(rows);
   viewChanged_ = false;
   return out;
@@ -171,7 +185,8 @@ StepStatus FavoritesCard::deleteList(int number) {
   StepStatus st;
   const std::string listPath = paths_.path(file);
   const bool hasFile = !file.empty() && formats::fileExists(listPath);
-  if (hasFile) st = tx.copy(listPath, paths_.path(backupNameOf(file)));
+  std::vector<std::string> kept;
+  if (hasFile) st = keepBackup(tx, file, kept);
   if (st.ok) st = writeConfigIn(tx, rows);
   if (st.ok && hasFile) st = tx.remove(listPath);
   if (!st.ok) {
@@ -179,6 +194,7 @@ StepStatus FavoritesCard::deleteList(int number) {
     return st;
   }
   tx.commit();
+  backupsMade_.insert(backupsMade_.end(), kept.begin(), kept.end());
   rows_ = std::move(rows);
   viewChanged_ = false;
   return {};
@@ -247,7 +263,8 @@ std::vector<std::string> FavoritesCard::orphans() const {
   for (fs::directory_iterator it(paths_.folder, ec), end; !ec && it != end; it.increment(ec)) {
     const std::string name = it->path().filename().string();
     if (!endsWith(toLower(name), ".hpd")) continue;
-    if (!startsWith(name, "favorites_") && !startsWith(name, "f_")) continue;
+    // Only the list naming: f_000nnn.hpd or favorites_000nnn.hpd, nothing else of the folder.
+    if (!endsWith(name, ".hpd") || listFileNumber(name) < 0) continue;
     if (!named.count(name)) out.push_back(name);
   }
   std::sort(out.begin(), out.end());
@@ -256,6 +273,11 @@ std::vector<std::string> FavoritesCard::orphans() const {
 
 SaveOutcome FavoritesCard::recoverOrphan(const std::string& file) {
   SaveOutcome out;
+  const auto listed = orphans();
+  if (std::find(listed.begin(), listed.end(), file) == listed.end()) {
+    out.status = {false, file + " is not an orphan list."};
+    return out;
+  }
   auto bytes = formats::readWholeFile(paths_.path(file));
   if (!bytes) {
     out.status = {false, "Cannot read " + file + " on the card."};
@@ -325,8 +347,9 @@ bool FavoritesCard::moveDown(int rowIndex) {
 bool FavoritesCard::editRow(int rowIndex, const FavoritesRow& edited) {
   if (rowIndex < 0 || rowIndex >= static_cast<int>(rows_.size())) return false;
   FavoritesRow& r = rows_[rowIndex];
-  // The view's names go back into the document one day: a comma is its field mark.
-  r.name = replaceAll(edited.name, ",", ";");
+  // The view's names go back into the document one day: a comma is its field mark; and
+  // the name is one TAB-separated field of the configuration's line.
+  r.name = replaceAll(formats::cleanName(edited.name, ""), ",", ";");
   r.monitor = edited.monitor;
   r.locationControl = edited.locationControl;
   r.quickKey = edited.quickKey;
@@ -341,12 +364,6 @@ SaveOutcome FavoritesCard::addServiceSearch(std::string_view hpdText, const std:
   // configuration file; a BCD card's own f_list.cfg takes the row when the view is saved.
   const CardPaths home = cardPaths(card_.scannerRoot, CardFamily::HomePatrol);
   out.number = lowestFreeNumber();
-  if (!overwriteFiles_) {
-    while (formats::fileExists(home.path(home.listFileName(out.number))) ||
-           rowOfNumber(out.number) >= 0) {
-      ++out.number;
-    }
-  }
   if (out.number > 999) {
     out.status = {false, "The card holds no free favorites list number."};
     return out;

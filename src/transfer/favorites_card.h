@@ -55,19 +55,22 @@ class FavoritesCard {
   const CardPaths& paths() const { return paths_; }
   std::string tag() const { return tag_; }
 
-  // The lowest number from 1 that no row's key holds. When files of the same name are not
-  // to be overwritten (setOverwriteFiles(false)), a number whose list file already lies in
-  // the folder is passed over as well.
+  // The lowest number from 1 that no row's key holds and, unless files of the same name
+  // are to be overwritten, whose list file (of either family's naming) is not on the card:
+  // an orphan keeps its number out of reach.
   int lowestFreeNumber() const;
-  // "Overwrite files with same name": true (the default) lets a new list take a number
-  // whose file is on the card but named by no row; that file is kept as ".bac" first.
+  // "Overwrite files with same name": false (the default) passes over numbers whose file is
+  // on the card but named by no row; true lets a new list take them, the file kept as
+  // ".bac" first.
   void setOverwriteFiles(bool overwrite) { overwriteFiles_ = overwrite; }
   // The row of list number n, or -1.
   int rowOfNumber(int number) const;
 
   // Writes `hpdText` as a list: a new list at the lowest free number, or over list
-  // `overwrite` (which keeps its number; the old file is kept as ".bac" first). With
-  // `copyInName` the name is wrapped "[F" + name + "]" unless it already begins "[F".
+  // `overwrite` (which keeps its number; the old file is kept as ".bac" first, and only the
+  // first time in the life of this object, so a second overwrite keeps the original). The
+  // name loses what the name cleaner drops (TAB, CR, LF and the other control bytes); with
+  // `copyInName` it is wrapped "[F" + name + "]" unless it already begins "[F".
   SaveOutcome saveList(std::string_view hpdText, std::string name, std::optional<int> overwrite,
                        bool copyInName);
   // Keeps the list file as ".bac" and the configuration as its backup, deletes the file and
@@ -99,9 +102,10 @@ class FavoritesCard {
   // "favorites_lists.config" (its backup refreshed first), whatever the card's family.
   SaveOutcome addServiceSearch(std::string_view hpdText, const std::string& caption);
 
-  // List files in the folder ("f_*.hpd", "favorites_*.hpd") that no row names.
+  // List files in the folder ("f_000nnn.hpd", "favorites_000nnn.hpd") that no row names.
   std::vector<std::string> orphans() const;
   // Copies an orphan to the next free number and adds it as "Orphan " + its file name.
+  // Any file that orphans() does not list is refused.
   SaveOutcome recoverOrphan(const std::string& file);
   StepStatus deleteOrphan(const std::string& file);
 
@@ -112,13 +116,18 @@ class FavoritesCard {
   StepStatus writeConfigIn(CardTransaction& tx, const std::vector<FavoritesRow>& rows);
   // Writes `rows` as the configuration (backup first) and, when that held, makes them the view.
   StepStatus replaceRows(std::vector<FavoritesRow> rows);
+  // Keeps `file` of the folder as its ".bac" in `tx`, unless this object made that backup
+  // already; `kept` collects the backups to remember once the step holds.
+  StepStatus keepBackup(CardTransaction& tx, const std::string& file,
+                        std::vector<std::string>& kept);
 
   CardState card_;
   CardPaths paths_;
   std::string tag_;
   std::vector<FavoritesRow> rows_;
   bool viewChanged_ = false;
-  bool overwriteFiles_ = true;
+  bool overwriteFiles_ = false;
+  std::vector<std::string> backupsMade_;  // ".bac" files this object wrote
 };
 
 // The rows after a quick key command ("Clear FL Qkey", "Auto Assign Qkey", ...).

@@ -227,7 +227,8 @@ QWidget* PatrolWindow::buildSaveBox() {
   check7_->setObjectName("Check7");
   check8_ = new QCheckBox("Overwrite files with same name", box);
   check8_->setObjectName("Check8");
-  check8_->setChecked(true);
+  check8_->setToolTip(
+      "Let a new list take a number whose file lies on the card unnamed (kept as .bac)");
   connect(check8_, &QCheckBox::toggled, this, [this](bool on) {
     if (card_) card_->setOverwriteFiles(on);
   });
@@ -583,8 +584,12 @@ void PatrolWindow::enableInProfile() {
   const std::string cardRoot =
       std::filesystem::path(detector_.state().scannerRoot).parent_path().string();
   QApplication::setOverrideCursor(Qt::WaitCursor);
-  formats::enableAllInProfile(cardRoot, "1111111111", feedback_);
+  const formats::ProfileRewrite done =
+      formats::enableAllInProfile(cardRoot, "1111111111", feedback_);
   QApplication::restoreOverrideCursor();
+  if (done == formats::ProfileRewrite::Failed) {
+    label3_->setText("profile.cfg could not be rewritten; it is as it was.");
+  }
 }
 
 void PatrolWindow::addServiceSearch(int index) {

@@ -156,4 +156,32 @@ TEST_F(CardCommand, EnableAllTurnsListKeysAndTheProfileOn) {
   EXPECT_EQ(zel("card enable-all 9" + root(c)).exitCode, 1);
 }
 
+// Overwriting a list asks first, as delete does; without --yes nothing changes.
+TEST_F(CardCommand, OverwriteNeedsYes) {
+  const std::string c = card("c", "BCD536HP");
+  ASSERT_EQ(zel("card read 1 --out '" + path("one.hpd") + "'" + root(c)).exitCode, 0);
+  const auto before = snapshot(c);
+  ZelRun refused = zel("card write '" + path("one.hpd") + "' --overwrite 2" + root(c));
+  EXPECT_EQ(refused.exitCode, 1);
+  EXPECT_NE(refused.err.find("Add --yes to confirm."), std::string::npos) << refused.err;
+  EXPECT_EQ(snapshot(c), before);
+  ZelRun done = zel("card write '" + path("one.hpd") + "' --overwrite 2 --yes" + root(c));
+  EXPECT_EQ(done.exitCode, 0) << done.err;
+}
+
+// profile.cfg is on the card but cannot be replaced (the file size limit cuts the rewrite):
+// the command says so and fails instead of calling the file missing.
+TEST_F(CardCommand, EnableAllFailsWhenTheProfileCannotBeWritten) {
+  const std::string c = card("c", "BCD536HP");
+  const fs::path profile = fs::path(c) / "BCDx36HP" / "profile.cfg";
+  std::string big = slurp(profile);
+  for (int i = 0; i < 800; ++i) big += "Filler\tline kept as the scanner wrote it\r\n";
+  std::ofstream(profile, std::ios::binary) << big;
+  ZelRun r = zel("card enable-all" + root(c), "ulimit -f 40; ");
+  EXPECT_EQ(r.exitCode, 1);
+  EXPECT_NE(r.err.find("profile.cfg could not be rewritten"), std::string::npos) << r.err;
+  EXPECT_EQ(r.out.find("not found"), std::string::npos) << r.out;
+  EXPECT_EQ(slurp(profile), big);
+}
+
 }  // namespace

@@ -47,7 +47,7 @@ TEST(RealProfileConfig, OnlyTheFlagLinesChange) {
   std::filesystem::create_directories(card.file("BCDx36HP"));
   test::spit(card.file("BCDx36HP/profile.cfg"), original);
   RecordingFeedback feedback;
-  ASSERT_TRUE(enableAllInProfile(card.path(), "", feedback));
+  ASSERT_EQ(enableAllInProfile(card.path(), "", feedback), ProfileRewrite::Written);
   const std::vector<std::string_view> before = splitLines(original);
   const std::string rewritten = test::slurp(card.file("BCDx36HP/profile.cfg"));
   const std::vector<std::string_view> after = splitLines(rewritten);

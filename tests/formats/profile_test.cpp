@@ -40,13 +40,13 @@ TEST(ProfileConfig, ThreeLinesGetEveryFlagOnAndTheRestPassThrough) {
 TEST(ProfileConfig, TheStepSaysFixAndLeavesAMissingFileAlone) {
   test::TempDir card;
   RecordingFeedback feedback;
-  EXPECT_FALSE(enableAllInProfile(card.path(), "0101", feedback));
+  EXPECT_EQ(enableAllInProfile(card.path(), "0101", feedback), ProfileRewrite::Missing);
   EXPECT_EQ(feedback.messages, (std::vector<std::string>{"fix"}));
   EXPECT_FALSE(std::filesystem::exists(profileConfigPath(card.path())));
 
   std::filesystem::create_directories(card.file("BCDx36HP"));
   test::spit(profileConfigPath(card.path() + "/"), "QuickKeys\tOff\r\n");
-  EXPECT_TRUE(enableAllInProfile(card.path(), "0000", feedback));
+  EXPECT_EQ(enableAllInProfile(card.path(), "0000", feedback), ProfileRewrite::Written);
   EXPECT_EQ(countOn(test::slurp(card.file("BCDx36HP/profile.cfg"))), 99);
 }
 

@@ -158,15 +158,20 @@ TEST(ServiceSearchText, AFileInTheFolderWinsOverTheListBuiltIn) {
   EXPECT_FALSE(serviceSearchText(t.path(), -1).has_value());
 }
 
-TEST_F(CardView, FilesOfTheSameNameAreKeptWhenAsked) {
+// An orphan's number is taken unless the user chose to overwrite: by default a new list, a
+// recovered one or a Service Search list passes over it, in either family's naming.
+TEST_F(CardView, FilesOfTheSameNameAreKeptUnlessOverwriteIsChosen) {
   writeText(fav + "/f_000003.hpd", "an orphan");
-  EXPECT_EQ(card.lowestFreeNumber(), 3);
-  card.setOverwriteFiles(false);
-  EXPECT_EQ(card.lowestFreeNumber(), 4);
+  writeText(fav + "/favorites_000004.hpd", "another");
+  writeText(fav + "/f_000009.hpd", "to recover");
   auto out = card.saveList(kHpd, "New", std::nullopt, false);
   ASSERT_TRUE(out.status.ok);
-  EXPECT_EQ(out.file, "f_000004.hpd");
+  EXPECT_EQ(out.file, "f_000005.hpd");
+  out = card.recoverOrphan("f_000009.hpd");
+  ASSERT_TRUE(out.status.ok) << out.status.message;
+  EXPECT_EQ(out.file, "f_000006.hpd");
   EXPECT_EQ(readText(fav + "/f_000003.hpd"), "an orphan");
+  EXPECT_EQ(readText(fav + "/favorites_000004.hpd"), "another");
   card.setOverwriteFiles(true);
   out = card.saveList(kHpd, "Over", std::nullopt, false);
   ASSERT_TRUE(out.status.ok);

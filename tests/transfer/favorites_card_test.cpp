@@ -162,15 +162,74 @@ TEST_F(CardFixture, OrphansAreFilesNoRowNames) {
   EXPECT_TRUE(fs::exists(fav + "/f_000001.hpd"));
 }
 
-// A step that fails at any point puts every file back: the temporary name of the target
-// is taken by a folder, so the write cannot even start.
+// Only a file of the list naming that no row names can be recovered; everything else of the
+// folder and of the card is refused and the configuration stays as it was.
+TEST_F(CardFixture, RecoverTakesOnlyTrueOrphans) {
+  auto card = cardWithGap();
+  writeText(fav + "/f_000001.bac", kHpd);
+  const std::string cfg = readText(fav + "/f_list.cfg");
+  for (const char* file : {"f_000001.hpd", "f_list.cfg", "f_list.bac", "f_000001.bac",
+                           "../scanner.inf", "scanner.inf", "f_.hpd"}) {
+    auto out = card.recoverOrphan(file);
+    EXPECT_FALSE(out.status.ok) << file;
+    EXPECT_EQ(card.rows().size(), 2u) << file;
+  }
+  EXPECT_EQ(readText(fav + "/f_list.cfg"), cfg);
+}
+
+// A name is one TAB-separated field of a CR LF line: whatever the name cleaner drops never
+// reaches the file, so the list stays named and the next write cannot take its number.
+TEST_F(CardFixture, NamesWithLineBreaksKeepTheirListNamed) {
+  const struct {
+    const char* typed;
+    const char* kept;
+  } cases[] = {{"Fire\tDispatch", "FireDispatch"},
+               {"Fire\r\nDispatch", "FireDispatch"},
+               {"Fire\rDispatch\n", "FireDispatch"},
+               {"\t\r\n", "New system 3"}};
+  for (const auto& c : cases) {
+    fs::remove_all(fav);
+    auto card = cardWithGap();
+    auto out = card.saveList(kHpd, c.typed, std::nullopt, false);
+    ASSERT_TRUE(out.status.ok) << out.status.message;
+    card.editRow(0, [&] {
+      FavoritesRow r = card.rows()[0];
+      r.name = std::string("One\t") + c.typed;
+      return r;
+    }());
+    ASSERT_TRUE(card.writeConfig().ok);
+    FavoritesCard again(state);
+    ASSERT_TRUE(again.load().ok);
+    ASSERT_EQ(again.rows().size(), 3u) << c.typed;
+    EXPECT_EQ(again.rows()[2].name, c.kept);
+    EXPECT_EQ(again.rows()[2].file, "f_000002.hpd");
+    EXPECT_EQ(again.rows()[0].file, "f_000001.hpd");
+    EXPECT_TRUE(again.orphans().empty());
+    EXPECT_EQ(again.lowestFreeNumber(), 4);
+  }
+}
+
+// The first overwrite of a list keeps the original as ".bac"; a second one in the same
+// session does not replace that backup with the first overwrite's data.
+TEST_F(CardFixture, SecondOverwriteKeepsTheFirstBackup) {
+  auto card = cardWithGap();
+  ASSERT_TRUE(card.saveList(kHpd + "first\r\n", "", 1, false).status.ok);
+  ASSERT_TRUE(card.saveList(kHpd + "second\r\n", "", 1, false).status.ok);
+  EXPECT_EQ(readText(fav + "/f_000001.hpd"), kHpd + "second\r\n");
+  EXPECT_EQ(readText(fav + "/f_000001.bac"), kHpd + "one\r\n");
+  ASSERT_TRUE(card.deleteList(1).ok);
+  EXPECT_EQ(readText(fav + "/f_000001.bac"), kHpd + "one\r\n");
+}
+
+// A step that fails at any point puts every file back: the file the step writes is blocked
+// (a read-only file, or a folder where a new file would go), so that write is refused.
 TEST_F(CardFixture, FailedWriteLeavesTheCardByteForByte) {
   struct Case {
-    const char* blocked;  // the temporary whose creation fails
+    const char* blocked;  // the file whose write fails
     const char* step;
-  } cases[] = {{"f_list.cfg.zeltmp", "save"},     {"f_000002.hpd.zeltmp", "save"},
-               {"f_list.bac.zeltmp", "save"},     {"f_list.cfg.zeltmp", "delete"},
-               {"f_000001.bac.zeltmp", "delete"}, {"f_list.cfg.zeltmp", "qkeys"}};
+  } cases[] = {{"f_list.cfg", "save"},     {"f_000002.hpd", "save"},
+               {"f_list.bac", "save"},     {"f_list.cfg", "delete"},
+               {"f_000001.bac", "delete"}, {"f_list.cfg", "qkeys"}};
   for (const auto& c : cases) {
     TestFolder fresh;
     testing::writeMarker(fresh.path(), "BCDx36HP", "Scanner\tBCD536HP\tS\t1.0");
@@ -183,14 +242,24 @@ TEST_F(CardFixture, FailedWriteLeavesTheCardByteForByte) {
     FavoritesCard card(s);
     ASSERT_TRUE(card.load().ok);
     const auto before = snapshot(fresh.path());
-    fs::create_directories(f + "/" + c.blocked);
+    const std::string blocked = f + "/" + c.blocked;
+    const bool existed = fs::exists(blocked);
+    if (existed) {
+      fs::permissions(blocked, fs::perms::owner_read | fs::perms::group_read);
+    } else {
+      fs::create_directories(blocked);
+    }
     StepStatus st;
     if (std::string(c.step) == "save") st = card.saveList(kHpd, "Two", std::nullopt, false).status;
     if (std::string(c.step) == "delete") st = card.deleteList(1);
     if (std::string(c.step) == "qkeys") st = card.quickKeys(QuickKeyCommand::AllOn);
     EXPECT_FALSE(st.ok) << c.blocked;
     EXPECT_NE(st.message.find("the card was left as it was."), std::string::npos) << st.message;
-    fs::remove(f + "/" + c.blocked);
+    if (existed) {
+      fs::permissions(blocked, fs::perms::owner_read | fs::perms::owner_write);
+    } else {
+      fs::remove(blocked);
+    }
     EXPECT_EQ(snapshot(fresh.path()), before) << c.step << " " << c.blocked;
     EXPECT_EQ(card.rows().size(), 1u);
   }
