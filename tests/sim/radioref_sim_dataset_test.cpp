@@ -140,43 +140,6 @@ TEST(RadioRefSimData, TalkgroupFiltersCombine) {
   }
 }
 
-TEST(RadioRefSimData, TrunkedSystemsOfEveryImportKind) {
-  // sid -> sType, sFlavor
-  const std::vector<std::tuple<int, int, int>> kinds = {
-      {90001, 1, 3},   {90002, 8, 20},  {90003, 8, 33},  {90004, 2, 10},
-      {90005, 2, 6},   {90006, 3, 12},  {90007, 12, 38}, {90008, 12, 31},
-      {90009, 12, 43}, {90010, 11, 29}, {90011, 11, 45},
-  };
-  for (const auto& [sid, type, flavor] : kinds) {
-    SCOPED_TRACE(sid);
-    const std::string id = "<sid>" + std::to_string(sid) + "</sid>";
-    auto details = ask("getTrsDetails", id);
-    ASSERT_EQ(details->status, 200);
-    EXPECT_EQ(std::stoi(details->ret.child_value("sType")), type);
-    EXPECT_EQ(std::stoi(details->ret.child_value("sFlavor")), flavor);
-    auto sites = ask("getTrsSites", id);
-    ASSERT_FALSE(sites->items().empty());
-    for (pugi::xml_node site : sites->items()) {
-      EXPECT_EQ(std::stoi(site.child_value("sid")), sid);
-      EXPECT_TRUE(site.child("siteFreqs").child("item"));
-    }
-    auto cats = ask("getTrsTalkgroupCats", id);
-    ASSERT_FALSE(cats->items().empty());
-    auto tgs = ask("getTrsTalkgroups", id + "<tgCid>0</tgCid><tgTag>0</tgTag><tgDec>0</tgDec>");
-    EXPECT_FALSE(tgs->items().empty());
-  }
-  auto motorola = ask("getTrsDetails", "<sid>90001</sid>");
-  int letters = 0;
-  for (pugi::xml_node b : motorola->ret.child("fleetmap").children()) letters += !b.text().empty();
-  EXPECT_EQ(letters, 8);
-  auto sites = ask("getTrsSites", "<sid>90001</sid>");
-  EXPECT_EQ(values(sites->items(), "rebanded"), (std::multiset<std::string>{"0", "0", "1"}));
-  EXPECT_EQ(values(sites->items(), "splinter"), (std::multiset<std::string>{"0", "0", "1"}));
-  auto ltr =
-      ask("getTrsTalkgroups", "<sid>90006</sid><tgCid>0</tgCid><tgTag>0</tgTag><tgDec>0</tgDec>");
-  EXPECT_EQ(values(ltr->items(), "tgLtr"), (std::multiset<std::string>{"true", "true"}));
-}
-
 TEST(RadioRefSimRequest, ReadsParametersByLocalName) {
   using rrsim::parseRequest;
   rrsim::Request a = parseRequest(

@@ -142,18 +142,6 @@ TEST(ScannerSimScope, RangeAndFlagsAreStoredAndReadBack) {
   EXPECT_TRUE(r.attenuator);
 }
 
-TEST(ScannerSimScope, ModelAndVersionAnswerTheSameWhenAskedTwice) {
-  for (const char* model : {"BCD536HP", "SDS100", "SDS200"}) {
-    Scope s(model);
-    const std::string mdl = s.sim->answer("MDL");
-    EXPECT_EQ(mdl, "MDL," + std::string(model) + "\r");
-    EXPECT_EQ(s.sim->answer("MDL"), mdl);
-    const std::string ver = s.sim->answer("VER");
-    EXPECT_EQ(ver.rfind("VER,Version ", 0), 0u) << ver;
-    EXPECT_EQ(s.sim->answer("VER"), ver);
-  }
-}
-
 TEST(ScannerSimScope, StreamSweepsTheRangeByTheStepAndWraps) {
   struct Case {
     const char* range;  // low,high,step code

@@ -212,29 +212,6 @@ TEST(ScannerSim, ACloseCallHitWaitsForEnter) {
   EXPECT_EQ(s.sim->mode(), SimMode::Scan);
 }
 
-TEST(ScannerSim, CustomSearchStreamsOneLineAStepAndWraps) {
-  Scan s;
-  EXPECT_EQ(s.sim->answer("PRG"), "PRG,OK\r");
-  EXPECT_EQ(s.sim->answer("CSP,2,TORVO BANDSCOPE,1460000,1461000,1250,NFM,0,2,1,400"), "CSP,OK\r");
-  EXPECT_EQ(s.sim->answer("CSG,1101111111"), "CSG,OK\r");
-  EXPECT_EQ(s.sim->answer("EPG"), "EPG,OK\r");
-  EXPECT_EQ(s.sim->answer("CSC,ON"), "CSC,OK\r");
-  s.sim->advance(100);  // 40 lines at 400 a second
-  std::string stream = s.sim->unsolicited();
-  auto lines = split(stream, '\r');
-  lines.pop_back();
-  ASSERT_EQ(lines.size(), 40u);
-  EXPECT_EQ(lines[0].substr(lines[0].find(',', 4)),
-            ",01460000," + lines[0].substr(lines[0].size() - 1));
-  auto f8 = split(lines[8], ',');
-  EXPECT_EQ(f8.size(), 4u);
-  EXPECT_EQ(f8[2], "01461000");
-  EXPECT_EQ(split(lines[9], ',')[2], "01460000");  // round again
-  s.sim->answer("CSC,OFF");
-  s.sim->advance(200);
-  EXPECT_EQ(s.sim->unsolicited(), "");
-}
-
 TEST(ScannerSim, WaterfallFramesAndSiteReports) {
   Scan s("SDS200");
   auto f = fields(s.sim->answer("GWF,1"));
