@@ -203,49 +203,29 @@ TEST(BulkNodes, NothingTickedIsRefusedAndMissingNodesArePassedOver) {
 TEST(BulkNodes, UseHomeUseDefaultAndPasteGpsReadTheirSettings) {
   MemorySettingsStore store;
   Settings settings(store);
-  // Nothing stored: home has the range "25", the defaults are the session's own.
-  Location home = homeLocation(settings);
-  EXPECT_EQ(home.latitude, "");
-  EXPECT_EQ(home.longitude, "");
-  EXPECT_EQ(home.range, "25");
-  Location def = defaultLocation(settings);
-  EXPECT_EQ(def.latitude, "");  // "False" is no position
-  EXPECT_EQ(def.range, "1");
-
+  // Nothing stored: home has the range "25"; "False" is no default position, its range "1".
+  const auto text = [](const Location& l) { return l.latitude + "|" + l.longitude + "|" + l.range; };
+  EXPECT_EQ(text(homeLocation(settings)), "||25");
+  EXPECT_EQ(text(defaultLocation(settings)), "||1");
   settings.put("gps", "home_lat", "41.5");
   settings.put("gps", "home_long", "-81.7");
-  settings.put("gps", "home_range", "");
-  home = homeLocation(settings);
-  EXPECT_EQ(home.latitude, "41.5");
-  EXPECT_EQ(home.longitude, "-81.7");
-  EXPECT_EQ(home.range, "25");
+  settings.put("gps", "home_range", "");  // an empty range is still 25
+  EXPECT_EQ(text(homeLocation(settings)), "41.5|-81.7|25");
   settings.put("gps", "home_range", "10");
   EXPECT_EQ(homeLocation(settings).range, "10");
-
   settings.put("gps", "def_lat", "40.1");
   settings.put("gps", "def_long", "-75.2");
   settings.put("gps", "def_range", "5");
-  def = defaultLocation(settings);
-  EXPECT_EQ(def.latitude, "40.1");
-  EXPECT_EQ(def.longitude, "-75.2");
-  EXPECT_EQ(def.range, "5");
-
+  EXPECT_EQ(text(defaultLocation(settings)), "40.1|-75.2|5");
   saveCountyCentre(settings, {"41.4", "-81.6", "30"});
-  const Location county = countyCentre(settings);
-  EXPECT_EQ(county.latitude, "41.4");
-  EXPECT_EQ(county.longitude, "-81.6");
-  EXPECT_EQ(county.range, "30");
+  EXPECT_EQ(text(countyCentre(settings)), "41.4|-81.6|30");
 }
 
+// The quick keys offered; the other items' words are checked where the apply refuses a word.
 TEST(BulkNodes, ItemsOfferTheirWords) {
   EXPECT_EQ(nodeChoices(NodeItem::QuickKey).size(), 101u);
   EXPECT_EQ(nodeChoices(NodeItem::QuickKey).front(), "Off");
   EXPECT_EQ(nodeChoices(NodeItem::QuickKey).back(), "99");
-  EXPECT_EQ(nodeChoices(NodeItem::EdacsSite),
-            (std::vector<std::string>{"Wide(standard)", "Narrow"}));
-  EXPECT_EQ(nodeChoices(NodeItem::MotBandPlan),
-            (std::vector<std::string>{"Standard", "Splinter", "Custom/Rebanded"}));
-  EXPECT_EQ(nodeChoices(NodeItem::Modulation), (std::vector<std::string>{"AUTO", "FM", "NFM"}));
   EXPECT_TRUE(itemAppliesTo(NodeItem::Location, Scope::Sites));
   EXPECT_FALSE(itemAppliesTo(NodeItem::Location, Scope::Systems));
   EXPECT_FALSE(itemAppliesTo(NodeItem::QuickKey, Scope::TalkGroups));
