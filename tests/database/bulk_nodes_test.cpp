@@ -204,7 +204,9 @@ TEST(BulkNodes, UseHomeUseDefaultAndPasteGpsReadTheirSettings) {
   MemorySettingsStore store;
   Settings settings(store);
   // Nothing stored: home has the range "25"; "False" is no default position, its range "1".
-  const auto text = [](const Location& l) { return l.latitude + "|" + l.longitude + "|" + l.range; };
+  const auto text = [](const Location& l) {
+    return l.latitude + "|" + l.longitude + "|" + l.range;
+  };
   EXPECT_EQ(text(homeLocation(settings)), "||25");
   EXPECT_EQ(text(defaultLocation(settings)), "||1");
   settings.put("gps", "home_lat", "41.5");
