@@ -105,68 +105,45 @@ TEST_F(EditModelTest, TheNameColumnRefusesACommaAndStopsAt64Characters) {
   EXPECT_EQ(model.editText().size(), 64u);
 }
 
+// Each key of `keys` on an empty cell of the column gives the text at the same place.
 TEST_F(EditModelTest, ShortcutTable) {
   struct Case {
+    const char* heading;
+    const char* keys;
+    std::vector<const char*> texts;
+  } cases[] = {
+      {"Mode", "uTOaFnWbx", {"AUTO", "AUTO", "AUTO", "AM", "FM", "NFM", "WFM", "FMB", ""}},
+      {"SQ Mode", "0nTdPrIs", {"All", "All", "CTCSS", "DCS", "P25", "RAN", "IDAS", "Search"}},
+      {"SQ Code", "S", {"Search"}},
+      {"Delay Time", "F1Nd35-", {"0", "10", "2", "2", "30", "5", "-5"}},
+      {"Volume Offset", "3-", {"3", "-1"}},
+      {"Alert Light", "fMy", {"Off", "Magenta", "Yellow"}},
+      {"Alert Pattern", "OsF", {"On", "Slow Blink", "Fast Blink"}},
+      {"AudioType", "LaD", {"All", "Analog", "Digital"}},
+      {"Alert Tone", "F", {"Off"}},
+      {"Alert Level", "A0", {"Auto", "10"}},
+      {"DMR Tslot", "a2", {"Any", "2"}},
+      {"Avoid", "N", {"On"}},
+      {"Priority", "1", {"On"}},
+  };
+  for (const Case& c : cases) {
+    ASSERT_EQ(std::string(c.keys).size(), c.texts.size()) << c.heading;
+    for (std::size_t i = 0; i < c.texts.size(); ++i)
+      EXPECT_EQ(EditModel::shortcut(c.heading, c.keys[i], ""), c.texts[i])
+          << c.heading << " '" << c.keys[i] << "'";
+  }
+  // Minus turns the cell's value negative where the list has it; "0" on "On" is Off.
+  const struct {
     const char* heading;
     char key;
     const char* current;
     const char* text;
-  } cases[] = {
-      {"Mode", 'u', "", "AUTO"},
-      {"Mode", 'T', "", "AUTO"},
-      {"Mode", 'O', "", "AUTO"},
-      {"Mode", 'a', "", "AM"},
-      {"Mode", 'F', "", "FM"},
-      {"Mode", 'n', "", "NFM"},
-      {"Mode", 'W', "", "WFM"},
-      {"Mode", 'b', "", "FMB"},
-      {"Mode", 'x', "", ""},
-      {"SQ Mode", '0', "", "All"},
-      {"SQ Mode", 'n', "", "All"},
-      {"SQ Mode", 'T', "", "CTCSS"},
-      {"SQ Mode", 'd', "", "DCS"},
-      {"SQ Mode", 'P', "", "P25"},
-      {"SQ Mode", 'r', "", "RAN"},
-      {"SQ Mode", 'I', "", "IDAS"},
-      {"SQ Mode", 's', "", "Search"},
-      {"SQ Code", 'S', "", "Search"},
-      {"Delay Time", 'F', "", "0"},
-      {"Delay Time", '1', "", "10"},
-      {"Delay Time", 'N', "", "2"},
-      {"Delay Time", 'd', "", "2"},
-      {"Delay Time", '3', "", "30"},
-      {"Delay Time", '5', "", "5"},
-      {"Delay Time", '-', "", "-5"},
-      {"Delay Time", '-', "5", "-5"},
-      {"Delay Time", '-', "2", "-2"},
-      {"Delay Time", '-', "10", "-10"},
-      {"Delay Time", '-', "30", ""},
-      {"Volume Offset", '3', "", "3"},
-      {"Volume Offset", '-', "", "-1"},
-      {"Volume Offset", '-', "2", "-2"},
-      {"Volume Offset", '-', "3", "-3"},
-      {"Alert Light", 'f', "", "Off"},
-      {"Alert Light", 'M', "", "Magenta"},
-      {"Alert Light", 'y', "", "Yellow"},
-      {"Alert Pattern", 'O', "", "On"},
-      {"Alert Pattern", 's', "", "Slow Blink"},
-      {"Alert Pattern", 'F', "", "Fast Blink"},
-      {"AudioType", 'L', "", "All"},
-      {"AudioType", 'a', "", "Analog"},
-      {"AudioType", 'D', "", "Digital"},
-      {"Alert Tone", 'F', "", "Off"},
-      {"Alert Level", 'A', "", "Auto"},
-      {"Alert Level", '0', "", "10"},
-      {"DMR Tslot", 'a', "", "Any"},
-      {"DMR Tslot", '2', "", "2"},
-      {"Avoid", 'N', "", "On"},
-      {"Avoid", '0', "On", "Off"},
-      {"Priority", '1', "", "On"},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(EditModel::shortcut(c.heading, c.key, c.current), c.text)
-        << c.heading << " '" << c.key << "' from '" << c.current << "'";
-  }
+  } onAValue[] = {{"Delay Time", '-', "5", "-5"},    {"Delay Time", '-', "2", "-2"},
+                  {"Delay Time", '-', "10", "-10"},  {"Delay Time", '-', "30", ""},
+                  {"Volume Offset", '-', "2", "-2"}, {"Volume Offset", '-', "3", "-3"},
+                  {"Avoid", '0', "On", "Off"}};
+  for (const auto& c : onAValue)
+    EXPECT_EQ(EditModel::shortcut(c.heading, c.key, c.current), c.text) << c.heading << c.current;
   EXPECT_EQ(EditModel::shortcut("Delay Time", 0, "", true), "2");
 }
 

@@ -149,16 +149,5 @@ TEST(PageLines, SavingNumbersTheStoredRowsFromOne) {
   EXPECT_EQ(lines[1], "2,200,,,,,,,,,,,,,");
 }
 
-TEST(PageLines, ADepartmentGoesInAndComesOutTheSame) {
-  std::vector<std::string> lines;
-  for (int i = 1; i <= 40; ++i) {
-    lines.push_back(std::to_string(i) + "," + std::to_string(150 + i) + ".000000,Ch " +
-                    std::to_string(i) + ",Off,FM,DCS,023,Other,Off,2,0,Off,Auto,Blue,On,5,Off");
-  }
-  GridPage grid = channelGrid();
-  loadPageLines(grid, lines);
-  EXPECT_EQ(savePageLines(grid), lines);
-}
-
 }  // namespace
 }  // namespace zel

@@ -108,44 +108,38 @@ TEST(Tabel, AnUnknownKeyGivesAnEmptyList) {
   EXPECT_TRUE(tabel("").empty());
 }
 
+// Inner items by list; the codes of "SQ Code_n" are upper-case hexadecimal without zeros ahead.
 TEST(Tabel, ListsKeepTheirOfferedOrder) {
-  struct Item {
-    const char* key;
-    std::size_t position;
-    const char* word;
-  };
-  const Item items[] = {
-      {"Mode", 2, "NFM"},
-      {"Mode", 3, "FM"},
-      {"SQ Mode", 5, "RAN"},
-      {"Delay Time", 2, "0"},
-      {"Alert Light", 3, "Magenta"},
-      {"ufilter", 4, "Wide Normal"},
-      {"Offset", 1, "-0.600"},
-      {"Step", 2, "3.125"},
-      {"Step", 6, "8.33"},
-      {"servsearch", 2, "Airband 8.33k"},
-      {"servsearch_eu", 1, "Airband 8.33"},
-      {"SQ Code_c", 1, "67.0"},
-      {"SQ Code_c", 13, "100.0"},
-      {"SQ Code_d", 1, "023"},
-      {"SQ Code_n", 9, "A"},    // upper case hexadecimal
-      {"SQ Code_n", 15, "10"},  // no leading zeros
-      {"SQ Code_n", 254, "FF"},
-      {"SQ Code_dmr", 1, "0"},
-      {"p25wait", 5, "500"},
-      {"Service Type", 3, "Emergency Ops"},
-      {"Service Type", 29, "Custom 1"},
-      {"System Type BC536", 2, "Edacs Narrow/Wide"},
-      {"bands", 10, "108.00 - 136.9916"},
-      {"bands eu", 16, "160.60 - 162.025"},
-      {"bands_name", 6, "VHF TV Broadcast 2 \xE2\x80\x93 4"},
-      {"bands_name", 25, "Public Service Band"},
-      {"bands_name", 29, "Public Service Band"},
-  };
-  for (const auto& i : items) {
-    ASSERT_GT(tabel(i.key).size(), i.position) << i.key;
-    EXPECT_EQ(tabel(i.key)[i.position], i.word) << i.key << " at " << i.position;
+  const std::vector<std::pair<const char*, std::vector<std::pair<std::size_t, const char*>>>>
+      lists = {
+          {"Mode", {{2, "NFM"}, {3, "FM"}}},
+          {"SQ Mode", {{5, "RAN"}}},
+          {"Delay Time", {{2, "0"}}},
+          {"Alert Light", {{3, "Magenta"}}},
+          {"ufilter", {{4, "Wide Normal"}}},
+          {"Offset", {{1, "-0.600"}}},
+          {"Step", {{2, "3.125"}, {6, "8.33"}}},
+          {"servsearch", {{2, "Airband 8.33k"}}},
+          {"servsearch_eu", {{1, "Airband 8.33"}}},
+          {"SQ Code_c", {{1, "67.0"}, {13, "100.0"}}},
+          {"SQ Code_d", {{1, "023"}}},
+          {"SQ Code_n", {{9, "A"}, {15, "10"}, {254, "FF"}}},
+          {"SQ Code_dmr", {{1, "0"}}},
+          {"p25wait", {{5, "500"}}},
+          {"Service Type", {{3, "Emergency Ops"}, {29, "Custom 1"}}},
+          {"System Type BC536", {{2, "Edacs Narrow/Wide"}}},
+          {"bands", {{10, "108.00 - 136.9916"}}},
+          {"bands eu", {{16, "160.60 - 162.025"}}},
+          {"bands_name",
+           {{6, "VHF TV Broadcast 2 \xE2\x80\x93 4"},
+            {25, "Public Service Band"},
+            {29, "Public Service Band"}}},
+      };
+  for (const auto& [key, items] : lists) {
+    for (const auto& [position, word] : items) {
+      ASSERT_GT(tabel(key).size(), position) << key;
+      EXPECT_EQ(tabel(key)[position], word) << key << " at " << position;
+    }
   }
 }
 
@@ -228,34 +222,20 @@ TEST(CombinedTones, OneRunOfEveryCodeWord) {
   EXPECT_EQ(combinedTonePosition("71.0"), -1);
 }
 
+// Every offered name goes to its number and back; a few numbers by hand, the rest are in the
+// import and file tests' expected lines.
 TEST(ServiceTypes, NamesByNumberInBothDirections) {
-  struct Case {
-    int number;
-    const char* name;
-  };
-  const Case cases[] = {
-      {1, "Multi-Dispatch"}, {2, "Law Dispatch"},
-      {3, "Fire Dispatch"},  {4, "EMS Dispatch"},
-      {6, "Multi-Tac"},      {7, "Law Tac"},
-      {8, "Fire-Tac"},       {9, "EMS-Tac"},
-      {11, "Interop"},       {12, "Hospital"},
-      {13, "Ham"},           {14, "Public Works"},
-      {15, "Aircraft"},      {16, "Federal"},
-      {17, "Business"},      {20, "Railroad"},
-      {21, "Other"},         {22, "Multi-Talk"},
-      {23, "Law Talk"},      {24, "Fire-Talk"},
-      {25, "EMS-Talk"},      {26, "Transportation"},
-      {29, "Emergency Ops"}, {30, "Military"},
-      {31, "Media"},         {32, "Schools"},
-      {33, "Security"},      {34, "Utilities"},
-      {37, "Corrections"},   {208, "Custom 1"},
-      {215, "Custom 8"},     {216, "Racing Officials"},
-      {217, "Racing Teams"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(serviceTypeName(c.number), c.name);
-    EXPECT_EQ(serviceTypeNumber(c.name), c.number);
+  const auto& names = serviceTypesOffered();
+  const auto& numbers = serviceTypeOfferedNumbers();
+  ASSERT_EQ(names.size(), numbers.size());
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    EXPECT_EQ(serviceTypeName(numbers[i]), names[i]) << i;
+    EXPECT_EQ(serviceTypeNumber(names[i]), numbers[i]) << names[i];
   }
+  EXPECT_EQ(tabel("Service Type"), names);
+  for (const auto& [number, name] : std::vector<std::pair<int, std::string>>{
+           {2, "Law Dispatch"}, {37, "Corrections"}, {208, "Custom 1"}, {217, "Racing Teams"}})
+    EXPECT_EQ(serviceTypeName(number), name);
 }
 
 TEST(ServiceTypes, UnassignedNumbersAreEmpty) {
@@ -269,16 +249,6 @@ TEST(ServiceTypes, UnassignedNumbersAreEmpty) {
   EXPECT_EQ(serviceTypeNumber("NOT DEFINED"), 0);
   EXPECT_EQ(serviceTypeNumber("aircraft"), 0);
   EXPECT_EQ(serviceTypeNumber(kDefaultServiceType), 208);
-}
-
-TEST(ServiceTypes, TheOfferedOrderMatchesTheNumbers) {
-  const auto& names = serviceTypesOffered();
-  const auto& numbers = serviceTypeOfferedNumbers();
-  ASSERT_EQ(names.size(), numbers.size());
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    EXPECT_EQ(serviceTypeName(numbers[i]), names[i]) << i;
-  }
-  EXPECT_EQ(tabel("Service Type"), names);
 }
 
 }  // namespace
