@@ -48,8 +48,9 @@ void ScannerLink::onLoad() {
 
 void ScannerLink::onTimer9(const Settings& settings) {
   timers_.disable(Timer9);
-  selected_ = 0;
   connectEnabled_ = true;
+  // A port chosen before the restore (typed, or given at start) stays chosen.
+  if (selected_ != 0) return;
   assignPortText(settings.getPlain(settingsSection(family_), portSettingKey(family_), "1"));
 }
 
@@ -117,6 +118,7 @@ void ScannerLink::connect() {
   // The port is the one chosen at the click: the wait below runs other timers, and the
   // restore of the saved port may change the selection meanwhile.
   const std::string portName = entries_[selected_].portName;
+  connectedPort_ = entries_[selected_].text;
   setTitle("ZEL536PRO ");
   Wait(pump_, clock_, 0.5);
   int error = port_.open(portName, kPortSettings);
@@ -140,6 +142,22 @@ void ScannerLink::onTimer4() {
 void ScannerLink::close() {
   if (port_.isOpen()) port_.close();
   for (int t : {Timer1, Timer10, Timer2, Timer9, Timer4}) timers_.disable(t);
+}
+
+void ScannerLink::disconnect() {
+  for (int t : {Timer1, Timer10, Timer2, Timer4}) timers_.disable(t);
+  if (port_.isOpen()) port_.close();
+  rxBuffer.clear();
+  pollStep = 0;
+  waitingReply = 0;
+}
+
+bool ScannerLink::polling() const {
+  return port_.isOpen() && timers_.enabled(Timer1);
+}
+
+bool ScannerLink::portOpen() const {
+  return port_.isOpen();
 }
 
 void ScannerLink::onTimer1() {

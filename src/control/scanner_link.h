@@ -57,8 +57,8 @@ class ScannerLink {
   // Fills the list ("select", "usb/com1" ... "usb/com39", then the other ports of the
   // machine by name) and arms the one-shot restore of the saved port.
   void onLoad();
-  // The one-shot restore: selects "select", enables connecting, and assigns the stored
-  // port text, which selects its entry when there is one.
+  // The one-shot restore: enables connecting and, unless a port was chosen meanwhile,
+  // assigns the stored port text, which selects its entry when there is one.
   void onTimer9(const Settings& settings);
   // The presence scan: keeps only the ports that answer, then reassigns the saved text.
   void scanPorts(const Settings& settings);
@@ -78,6 +78,13 @@ class ScannerLink {
   void connect();   // the Connect button
   void onTimer4();  // the one-shot re-connect
   void close();     // closes the port and stops every link timer (window close)
+  // The Disconnect button: the port closes and polling stops; the chosen port stays chosen.
+  void disconnect();
+  // Polling: the port is open and the send tick runs (a watchdog reset passes through a
+  // moment of not polling). The port is the one of the last connect.
+  bool polling() const;
+  bool portOpen() const;
+  const std::string& connectedPort() const { return connectedPort_; }
 
   // --- Ticks -----------------------------------------------------------------------------
   void onTimer1();   // send tick
@@ -129,6 +136,7 @@ class ScannerLink {
   std::vector<PortEntry> entries_;
   int selected_ = 0;
   bool connectEnabled_ = false;
+  std::string connectedPort_;
 };
 
 // The SDS window's title once it knows the scanner's model.

@@ -52,9 +52,15 @@ LogPanel::LogPanel(control::VirtualControl& vc, QWidget* parent) : QWidget(paren
   grid_->setModel(model_);
   grid_->setSelectionBehavior(QAbstractItemView::SelectRows);
   grid_->verticalHeader()->setDefaultSectionSize(18);
-  // Widths are stored in the window's own units (1/15 of a pixel, as twips are).
-  for (int c = 0; c < 14 && c < model_->columnCount(); ++c)
-    grid_->setColumnWidth(c, vc.options.columnWidths[c] / 15);
+  // Widths are stored in the window's own units (1/15 of a pixel, as twips are). A column
+  // still at its default width is widened to its heading; a width the user chose stays.
+  const control::VcOptions defaults;
+  for (int c = 0; c < 14 && c < model_->columnCount(); ++c) {
+    int width = vc.options.columnWidths[c] / 15;
+    if (vc.options.columnWidths[c] == defaults.columnWidths[c])
+      width = std::max(width, grid_->horizontalHeader()->sectionSizeHint(c));
+    grid_->setColumnWidth(c, width);
+  }
   layout->addWidget(grid_, 1);
 
   auto* buttons = new QHBoxLayout;

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <map>
 
 #include "control/command_surface.h"
 
@@ -43,6 +44,45 @@ const std::vector<std::vector<QString>>& keyRows(control::Family family) {
       {".", "0", "E", "", "", ""},
       {"Step", "SPAN", "Max Hold", "HOLD", "MF > CF", ""}};
   return family == control::Family::Bcd ? bcd : sds;
+}
+
+// What each key does, for its tooltip; the keyboard keys that press it are named too.
+QString keyTip(control::Family family, const QString& key) {
+  const bool sds = family == control::Family::Sds;
+  static const std::map<QString, QString> tips{
+      {"SCAN", "Scan: scan the favorites lists"},
+      {"Scan", "Scan: scan the favorites lists"},
+      {"Search", "Search: the custom search ranges"},
+      {"SERV", "Service types: choose the kinds of service that are scanned"},
+      {"RANG", "Range: how far around your location location-based systems are scanned"},
+      {"ZIP", "ZIP: set your location by its postal code"},
+      {"REPLAY", "Replay: play the last transmissions again"},
+      {"SYSTEM", "System: hold on the system; press again for the next one"},
+      {"DEPT", "Department: hold on the department; press again for the next one"},
+      {"CHANNEL", "Channel: hold on the channel; press again for the next one"},
+      {"AVOID", "Avoid: lock out the system, department or channel on hold"},
+      {"FUNC", "Function: held, so that the next key does its second job"},
+      {"MENU", "Menu: the scanner's menu (Escape)"},
+      {"u", "Turn the knob left (Left or Down arrow)"},
+      {"t", "Turn the knob right (Right or Up arrow, Space)"},
+      {"vfo", "Knob: press the knob"},
+      {"VOL", "Volume: press, then turn the knob"},
+      {"SQL", "Squelch: press, then turn the knob"},
+      {"MONI", "Monitor: open the squelch"},
+      {"MUTE", "Mute: volume to 0"},
+      {"M", "Mute: volume to 0"},
+      {".", "Decimal point; No in a question"},
+      {"E", "Enter; Yes in a question (Return)"},
+      {"Step", "Waterfall: the step (the System key)"},
+      {"SPAN", "Waterfall: the span (the Department key)"},
+      {"Max Hold", "Waterfall: hold the peak trace (the Department key)"},
+      {"HOLD", "Waterfall: hold the frequency (the Channel key)"},
+      {"MF > CF", "Waterfall: the marker's frequency becomes the centre (the Channel key)"}};
+  if (key == "F")
+    return sds ? "F: the function key, pressed once" : "F: press the knob, as Knob does";
+  if (key.size() == 1 && key[0].isDigit()) return "Number " + key;
+  auto it = tips.find(key);
+  return it == tips.end() ? QString() : it->second;
 }
 
 QString caption(const QString& key) {
@@ -171,6 +211,7 @@ ScannerFace::ScannerFace(control::Family family, const control::ScannerStatus& s
       if (name.isEmpty()) continue;
       auto* b = new QPushButton(caption(name), this);
       b->setObjectName("key " + name);
+      b->setToolTip(keyTip(family, name));
       b->setFocusPolicy(Qt::NoFocus);  // the arrows and Enter belong to the window
       b->setMinimumWidth(56);
       connect(b, &QPushButton::clicked, this, [this, name] { pressKey_(name.toStdString()); });

@@ -78,28 +78,38 @@ void VirtualControlWindow::buildControls(QWidget* host) {
   auto* portRow = new QHBoxLayout;
   ports_ = new QComboBox(host);
   ports_->setObjectName("ports");
+  ports_->setToolTip("The scanner's port: choose one or type its name (/dev/ttyACM0, COM3)");
   auto* connectButton = new QPushButton("Connect", host);
+  connectButton->setObjectName("connect");
+  auto* disconnectButton = new QPushButton("Disconnect", host);
+  disconnectButton->setObjectName("disconnect");
   auto* findPorts = new QPushButton("Find Ports", host);
+  findPorts->setToolTip("Keep only the ports that answer");
   portRow->addWidget(new QLabel("Port:", host));
   portRow->addWidget(ports_, 1);
   portRow->addWidget(findPorts);
-  portRow->addWidget(connectButton);
   layout->addLayout(portRow);
+  auto* linkRow = new QHBoxLayout;
+  linkState_ = new QLabel(host);
+  linkState_->setObjectName("linkState");
+  linkRow->addWidget(linkState_, 1);
+  linkRow->addWidget(connectButton);
+  linkRow->addWidget(disconnectButton);
+  layout->addLayout(linkRow);
   fillPorts();
-  connect(connectButton, &QPushButton::clicked, this, [this] {
-    vc_->link.selectIndex(ports_->currentIndex());
-    vc_->link.connect();
+  connect(connectButton, &QPushButton::clicked, this, &VirtualControlWindow::connectChosenPort);
+  connect(disconnectButton, &QPushButton::clicked, this, [this] {
+    vc_->link.disconnect();
+    showLinkState();
   });
   connect(findPorts, &QPushButton::clicked, this, [this] {
     vc_->link.scanPorts(vc_->settings);
     fillPorts();
   });
-  // A port typed by name (the simulator's pseudo-terminal, for one).
+  // A port typed by name (the simulator's pseudo-terminal, for one); Enter connects.
   ports_->setEditable(true);
-  connect(ports_->lineEdit(), &QLineEdit::returnPressed, this, [this] {
-    vc_->link.selectPortName(ports_->currentText().toStdString());
-    fillPorts();
-  });
+  connect(ports_->lineEdit(), &QLineEdit::returnPressed, this,
+          &VirtualControlWindow::connectChosenPort);
 
   modes_ = new QComboBox(host);
   for (const auto& m : control::modeList(vc.family()))
@@ -179,6 +189,41 @@ void VirtualControlWindow::showWaterfallPage(bool on) {
   if (waterfallCheck_ && waterfallCheck_->isChecked() != on) waterfallCheck_->setChecked(on);
 }
 
+void VirtualControlWindow::connectTo(const QString& portName) {
+  ports_->setEditText(portName);
+  connectChosenPort();
+}
+
+// The port is the one typed when the box holds a text that is no entry of the list.
+void VirtualControlWindow::connectChosenPort() {
+  const QString typed = ports_->currentText().trimmed();
+  const int listed = ports_->findText(typed);
+  if (listed >= 0) {
+    vc_->link.selectIndex(listed);
+  } else if (!typed.isEmpty()) {
+    vc_->link.selectPortName(typed.toStdString());
+    fillPorts();
+  }
+  vc_->link.connect();
+  showLinkState();
+}
+
+void VirtualControlWindow::showLinkState() {
+  const auto& link = vc_->link;
+  const QString port = latin1(link.connectedPort());
+  QString text;
+  if (link.polling()) {
+    text = QString("Connected to %1: polling, %2 replies").arg(port).arg(link.repliesAccepted);
+  } else if (link.portOpen()) {
+    text = QString("Connected to %1, not polling").arg(port);
+  } else {
+    text = "Not connected";
+  }
+  if (link.watchdogFirings > 0 && (link.portOpen() || link.polling()))
+    text += QString("; no reply, the port was reset %1 times").arg(link.watchdogFirings);
+  if (linkState_->text() != text) linkState_->setText(text);
+}
+
 void VirtualControlWindow::fillPorts() {
   QSignalBlocker block(ports_);
   ports_->clear();
@@ -195,6 +240,7 @@ void VirtualControlWindow::refresh() {
   // The saved port is restored by a timer after load.
   if (!ports_->hasFocus() && ports_->currentIndex() != vc_->link.selectedIndex())
     ports_->setCurrentIndex(vc_->link.selectedIndex());
+  showLinkState();
   face_->refresh();
   log_->refresh();
   if (waterfall_ && waterfall_->isVisible()) waterfall_->refreshBand(vc_->status);

@@ -17,6 +17,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QTimer;
 
@@ -38,6 +39,10 @@ class VirtualControlWindow : public QMainWindow {
   ScannerFace* face() const { return face_; }
   LogPanel* logPanel() const { return log_; }
   QComboBox* portList() const { return ports_; }
+  // Chooses a port by name (as if typed) and connects to it.
+  void connectTo(const QString& portName);
+  // The line under the port: not connected, connecting, polling and the watchdog's resets.
+  QLabel* linkState() const { return linkState_; }
   // The SDS window's waterfall page (nullptr in the other family).
   SdsWaterfallPanel* waterfallPanel() const { return waterfall_; }
   void showWaterfallPage(bool on);
@@ -53,6 +58,8 @@ class VirtualControlWindow : public QMainWindow {
  private:
   void buildControls(QWidget* host);
   void fillPorts();
+  void connectChosenPort();
+  void showLinkState();
   void pressKey(const std::string& name);
 
   SettingsStore& settings_;
@@ -67,6 +74,7 @@ class VirtualControlWindow : public QMainWindow {
   LogPanel* log_ = nullptr;
   MiniView* mini_ = nullptr;
   QComboBox* ports_ = nullptr;
+  QLabel* linkState_ = nullptr;
   QComboBox* modes_ = nullptr;
   QComboBox* volume_ = nullptr;
   QComboBox* squelch_ = nullptr;

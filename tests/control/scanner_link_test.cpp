@@ -137,8 +137,9 @@ TEST(ScannerLinkConnect, TheRestoreOfTheSavedPortDuringTheWaitDoesNotChangeThePo
   vc.load();  // the restore of the saved port falls due at 500 ms
   clock.advance(200);
   vc.link.selectPortName("COM7");
-  vc.link.connect();                      // waits from 200 to 700 ms
-  EXPECT_EQ(vc.link.selectedIndex(), 0);  // the restore did run meanwhile
+  vc.link.connect();  // waits from 200 to 700 ms; the restore runs meanwhile
+  EXPECT_FALSE(vc.timers.enabled(Timer9));
+  EXPECT_EQ(vc.link.entries()[vc.link.selectedIndex()].portName, "COM7");  // and keeps it
   EXPECT_EQ(port.lastPort, "COM7");
   EXPECT_TRUE(port.isOpen());
 }
