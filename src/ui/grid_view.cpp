@@ -137,6 +137,8 @@ void GridView::setPage(GridPage* page, cell::CommitEnv env, Feedback* feedback) 
     edit_->setDefaultData(defaults_);
   }
   model_->setPage(page_, env_);
+  history_.reset(page_ ? takeRows(*page_) : PageRows{});
+  emit historyChanged();
   sortColumn_ = -1;
   horizontalHeader()->setSortIndicatorShown(false);
   applyHiddenColumns();
@@ -255,6 +257,7 @@ bool GridView::sendKey(const KeyEvent& key) {
   const bool taken = edit_->key(key);
   if (key.key == EditKey::F2 && taken) openAid();
   syncFromPage();
+  if (!edit_->editing()) noteChange();
   return taken;
 }
 
@@ -266,6 +269,7 @@ void GridView::finishEdit() {
   page_->setRow(row);
   page_->setCol(col);
   syncFromPage(false);
+  noteChange();
 }
 
 void GridView::emitStatus() {

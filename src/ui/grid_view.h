@@ -21,6 +21,7 @@
 #include "grid/edit_model.h"
 #include "grid/grid_page.h"
 #include "ui/grid_page_model.h"
+#include "ui/page_history.h"
 
 class QLineEdit;
 class QListWidget;
@@ -69,6 +70,17 @@ class GridView : public QTableView {
   void copyAlpha();
   void alignText(int mode);  // 0 left, 1 centre, 2 right
 
+  // Undo and Redo of cell edits and row commands on the page on show; showing another
+  // page empties the history. False when there was nothing to undo or redo.
+  bool undo();
+  bool redo();
+  bool canUndo() const { return history_.canUndo(); }
+  bool canRedo() const { return history_.canRedo(); }
+  // The page was changed from outside the grid (Find, the CSV mapper): one step of history.
+  void noteChange();
+  // The context menu of the grid (the caller shows or deletes it).
+  QMenu* buildMenu();
+
   // The aids on show, for tests and for the lead's focus handling.
   QLineEdit* editBox() const { return editBox_; }
   QFrame* optionBar() const { return optionBar_; }
@@ -79,6 +91,8 @@ class GridView : public QTableView {
   void rowsChanged();
   // The user dragged a column border: the page holds the new width (in twips) already.
   void columnWidthChosen(int pageColumn, int twips);
+  // Undo or Redo became possible or impossible.
+  void historyChanged();
 
  protected:
   bool event(QEvent* event) override;
@@ -111,7 +125,6 @@ class GridView : public QTableView {
   void markChanged();
   void applyHiddenColumns();
   void emitStatus();
-  QMenu* buildMenu();
 
   GridPage* page_ = nullptr;
   cell::CommitEnv env_;
@@ -128,6 +141,8 @@ class GridView : public QTableView {
   bool sortAscending_ = true;
   bool syncing_ = false;
   QList<int> widthsBeforeReset_;
+  PageHistory history_;
+  void restoreRows(const std::optional<PageRows>& rows);
 };
 
 }  // namespace zel::ui

@@ -8,6 +8,8 @@
 #include <QMenu>
 
 #include "core/record_line.h"
+#include "core/tables.h"
+#include "exchange/csv_mapper.h"
 #include "core/text.h"
 #include "grid/column_schemas.h"
 #include "grid/grid_routines.h"
@@ -38,6 +40,40 @@ void GridView::markChanged() {
 void GridView::afterRowChange() {
   syncFromPage();
   model_->refreshCells();
+  noteChange();
+  emit rowsChanged();
+}
+
+void GridView::noteChange() {
+  if (!page_ || (edit_ && edit_->editing())) return;
+  if (history_.note(takeRows(*page_))) emit historyChanged();
+}
+
+bool GridView::undo() {
+  if (!page_) return false;
+  finishEdit();
+  closeAids();
+  if (!history_.canUndo()) return false;
+  restoreRows(history_.undo());
+  return true;
+}
+
+bool GridView::redo() {
+  if (!page_) return false;
+  finishEdit();
+  closeAids();
+  if (!history_.canRedo()) return false;
+  restoreRows(history_.redo());
+  return true;
+}
+
+void GridView::restoreRows(const std::optional<PageRows>& rows) {
+  if (!rows) return;
+  putRows(*page_, *rows);
+  markChanged();
+  syncFromPage();
+  model_->refreshCells();
+  emit historyChanged();
   emit rowsChanged();
 }
 
@@ -87,6 +123,7 @@ void GridView::cutSelection() {
   const Block b = selectedBlock();
   if (clearBlock(*page_, b.top, b.bottom, b.left, b.right) > 0) markChanged();
   syncFromPage(false);
+  noteChange();
 }
 
 void GridView::paste() {
@@ -96,9 +133,17 @@ void GridView::paste() {
 int GridView::pasteText(const QString& text) {
   if (!page_) return 0;
   finishEdit();
-  const auto rows = splitClipboard(toLatin1(text));
+  auto rows = splitClipboard(toLatin1(text));
   if (rows.empty()) return 0;
   const Block b = selectedBlock();
+  // A department holds 9999 rows: the paste stops there and says what it left out.
+  const int room = std::max(0, kMaxChannels - b.top + 1);
+  if (static_cast<int>(rows.size()) > room) {
+    const int left = static_cast<int>(rows.size()) - room;
+    rows.resize(room);
+    if (feedback_) feedback_->message(exchange::departmentFullMessage(left));
+    if (rows.empty()) return 0;
+  }
   const int needed = b.top + static_cast<int>(rows.size());
   if (page_->rows() < needed) {
     const int old = page_->rows();
@@ -131,6 +176,7 @@ int GridView::pasteText(const QString& text) {
       QItemSelectionModel::Select);
   if (refused > 0 && feedback_)
     feedback_->status(std::to_string(refused) + " pasted values were refused.");
+  noteChange();
   emit rowsChanged();
   return refused;
 }
@@ -147,6 +193,7 @@ void GridView::sortByColumn(int column, bool ascending) {
                                        ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
   markChanged();
   model_->refreshCells();
+  noteChange();
   emit rowsChanged();
 }
 
@@ -156,6 +203,7 @@ void GridView::fillDownSelection() {
   const Block b = selectedBlock();
   if (fillDown(*page_, b.top, b.bottom, b.left, b.right) > 0) markChanged();
   syncFromPage(false);
+  noteChange();
 }
 
 void GridView::copyAlpha() {
@@ -164,6 +212,7 @@ void GridView::copyAlpha() {
   syncToPage();
   if (g_copy_alpha(page_, GridEnv{feedback_, nullptr}) > 0) markChanged();
   syncFromPage(false);
+  noteChange();
 }
 
 void GridView::alignText(int mode) {
@@ -173,6 +222,7 @@ void GridView::alignText(int mode) {
       mode == 1 ? TagAlignment::Centre : (mode == 2 ? TagAlignment::Right : TagAlignment::Left);
   if (g_align_text(page_, kNameHeading, how, GridEnv{feedback_, nullptr}) > 0) markChanged();
   syncFromPage(false);
+  noteChange();
 }
 
 QMenu* GridView::buildMenu() {
@@ -187,6 +237,9 @@ QMenu* GridView::buildMenu() {
     a->setEnabled(page_ != nullptr);
     return a;
   };
+  add(menu, "Undo", QKeySequence::Undo, [this] { undo(); })->setEnabled(canUndo());
+  add(menu, "Redo", QKeySequence(Qt::CTRL | Qt::Key_Y), [this] { redo(); })->setEnabled(canRedo());
+  menu->addSeparator();
   add(menu, "Insert Row", QKeySequence(Qt::Key_Insert), [this] { insertRowsAbove(); });
   add(menu, "Insert Row Below", QKeySequence(Qt::CTRL | Qt::Key_Insert),
       [this] { insertRowsBelow(); });
