@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QLineEdit>
 #include <QStandardPaths>
 #include <QPixmap>
 #include <QTimer>
@@ -16,6 +17,8 @@
 #include "ui/main_window.h"
 #include "ui/qt_feedback.h"
 #include "ui/rr_import_window.h"
+#include "ui/screenshot_tour.h"
+#include "ui/vc_window.h"
 
 namespace zel::ui {
 
@@ -40,8 +43,19 @@ int runApplication(QApplication& app) {
       "opens on it with the demo account (user demo, password demo, key 12345678), which is "
       "not written into the settings.",
       "url");
-  parser.addOptions(
-      {demo, dataDir, settingsFile, noReminder, screenshot, cardRoot, radioRefEndpoint});
+  QCommandLineOption vcPort(
+      "vc-port", "Open the virtual control window of the BCDx36HP series and connect it to this "
+      "port (the demo's simulated scanner).", "port");
+  QCommandLineOption sdsVcPort(
+      "sds-vc-port", "Open the virtual control window of the SDS series and connect it to "
+      "this port.", "port");
+  QCommandLineOption treeFilter("tree-filter", "Type this text into the tree's filter box.",
+                                "text");
+  QCommandLineOption screenshotDir(
+      "screenshot-dir", "Open the card manager, wait a few seconds, save pictures of the open "
+      "windows into this folder and quit.", "dir");
+  parser.addOptions({demo, dataDir, settingsFile, noReminder, screenshot, cardRoot,
+                     radioRefEndpoint, vcPort, sdsVcPort, treeFilter, screenshotDir});
   parser.process(app);
 
   QString data = parser.value(dataDir);
@@ -71,7 +85,21 @@ int runApplication(QApplication& app) {
     window.refreshTree();
   }
   window.show();
-  if (parser.isSet(screenshot)) {
+  if (parser.isSet(treeFilter))
+    window.findChild<QLineEdit*>("treeFilter")->setText(parser.value(treeFilter));
+  const std::pair<QCommandLineOption*, control::Family> ports[] = {
+      {&vcPort, control::Family::Bcd}, {&sdsVcPort, control::Family::Sds}};
+  for (const auto& [option, family] : ports) {
+    if (!parser.isSet(*option)) continue;
+    VirtualControlWindow* vc = openVirtualControl(&window, session.settingsCodec().store(), feedback,
+                                                  session.folders().data, family);
+    vc->connectTo(parser.value(*option));
+  }
+  if (parser.isSet(screenshotDir)) {
+    // Long enough for the scanners to scan and their logs to fill.
+    takeScreenshots(window, parser.value(screenshotDir), 9000,
+                    [&app](int failures) { app.exit(failures == 0 ? 0 : 1); });
+  } else if (parser.isSet(screenshot)) {
     const QString png = parser.value(screenshot);
     QTimer::singleShot(800, &window, [&window, &app, png] {
       window.selectKey("GRP-999-001-001");
