@@ -29,7 +29,10 @@
 #include "ui/find_dialog.h"
 #include "ui/grid_page_model.h"
 #include "ui/grid_view.h"
+#include "ui/help_dialogs.h"
 #include "ui/menu_accelerators.h"
+#include "ui/menu_shortcuts.h"
+#include "ui/node_icons.h"
 #include "ui/node_pane.h"
 #include "ui/patrol_window.h"
 #include "ui/qt_feedback.h"
@@ -40,18 +43,12 @@ namespace zel::ui {
 namespace {
 constexpr int kKeyRole = FavoritesTree::kKeyRole;
 
-QString kindIcon(const QString& key) {
-  if (key.startsWith("FAV-")) return QStringLiteral("\u2605 ");
-  if (key.startsWith("SYS-")) return QStringLiteral("\u25A3 ");
-  if (key.startsWith("SIT-")) return QStringLiteral("\u25B2 ");
-  if (key.startsWith("GRP-")) return QStringLiteral("\u25CF ");
-  return {};
-}
 }  // namespace
 
 MainWindow::MainWindow(Session& session, Feedback& feedback, QWidget* parent)
     : QMainWindow(parent), session_(session), feedback_(feedback) {
   setObjectName("mdi_editor_patrol");
+  setWindowIcon(applicationIcon());
   buildCentre();
   buildMenus();
   lblSys_ = new QLabel(this);
@@ -179,6 +176,18 @@ void MainWindow::buildMenus() {
       file, "Exit", [this] { close(); }, QKeySequence::Quit);
 
   QMenu* edit = menuBar()->addMenu("&Edit");
+  // The history of the department on show (the grid keeps it until another node is shown).
+  QAction* undo = addCommand(
+      edit, "Undo", [this] { rows_->undo(); }, QKeySequence::Undo);
+  QAction* redo = addCommand(
+      edit, "Redo", [this] { rows_->redo(); }, QKeySequence("Ctrl+Y"));
+  auto historyShown = [this, undo, redo] {
+    undo->setEnabled(rows_->canUndo());
+    redo->setEnabled(rows_->canRedo());
+  };
+  connect(rows_, &GridView::historyChanged, this, historyShown);
+  historyShown();
+  edit->addSeparator();
   addCommand(
       edit, "New Channel", [this] { newChannelCommand(); }, QKeySequence("Ctrl+Shift+N"));
   addCommand(
@@ -247,6 +256,17 @@ void MainWindow::buildMenus() {
   addCommand(profile, "Save Profile", [this] { saveProfileCommand(false); });
   addCommand(profile, "Save Profile As", [this] { saveProfileCommand(true); });
   addCommand(profile, "Clear Profile Name", [this] { clearProfileCommand(); });
+  QMenu* help = menuBar()->addMenu("&Help");
+  addCommand(
+      help, "Keyboard Map",
+      [this] {
+        std::unique_ptr<QMenu> grid(rows_->buildMenu());
+        showKeyboardMap(this, shortcutRows(menuBar(), grid.get(), "Grid"));
+      },
+      QKeySequence::HelpContents);
+  addCommand(help, "About ZEL536", [this] { showAbout(this); });
+  action("Find")->setText("&Find");
+  giveShortcuts(menuBar());
   giveAccelerators(menuBar());
 }
 
@@ -295,7 +315,8 @@ void MainWindow::refreshTree() {
     for (NodeId c : vis.childList(node)) {
       auto* item = new QTreeWidgetItem(parent);
       const QString key = QString::fromStdString(vis.key(c));
-      item->setText(0, kindIcon(key) + fromLatin1(vis.text(c)));
+      item->setText(0, fromLatin1(vis.text(c)));
+      item->setIcon(0, nodeIcon(nodeKindOf(session_.document(), key.toStdString())));
       item->setToolTip(0, fromLatin1(vis.text(c)));
       item->setData(0, kKeyRole, key);
       addChildren(c, item);
@@ -304,7 +325,8 @@ void MainWindow::refreshTree() {
   for (NodeId top : vis.topLevel()) {
     auto* item = new QTreeWidgetItem(tree_);
     const QString key = QString::fromStdString(vis.key(top));
-    item->setText(0, kindIcon(key) + fromLatin1(vis.text(top)));
+    item->setText(0, fromLatin1(vis.text(top)));
+    item->setIcon(0, nodeIcon(nodeKindOf(session_.document(), key.toStdString())));
     item->setData(0, kKeyRole, key);
     addChildren(top, item);
   }
@@ -508,8 +530,8 @@ void MainWindow::onCaptionChanged(const QString& key) {
   QTreeWidgetItemIterator it(tree_);
   for (; *it; ++it) {
     if ((*it)->data(0, kKeyRole).toString() != key) continue;
-    (*it)->setText(0,
-                   kindIcon(key) + fromLatin1(visibleCaption(session_.document(), toLatin1(key))));
+    (*it)->setText(0, fromLatin1(visibleCaption(session_.document(), toLatin1(key))));
+    (*it)->setIcon(0, nodeIcon(nodeKindOf(session_.document(), toLatin1(key))));
   }
   paneTitle_->setText(QString::fromStdString(session_.selectedKind()) + ": " +
                       fromLatin1(visibleCaption(session_.document(), toLatin1(key))));
