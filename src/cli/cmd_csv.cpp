@@ -1,5 +1,6 @@
 // zel csv: the CSV mapper and the exports without a window.
-//   zel csv import IN --out FILE.hpd [--system NAME] [--department NAME] [--map COL=MEANING]...
+//   zel csv import IN -o FILE.hpd [--system NAME] [--department NAME] [--map COL=MEANING]...
+//                  [--region us|eu|au] [--airband] [--decimal-comma]
 //   zel csv export FILE.hpd OUT.csv [--zel]
 #include <cstdlib>
 #include <filesystem>
@@ -14,10 +15,13 @@
 #include "core/page_files.h"
 #include "core/record_line.h"
 #include "core/text.h"
+#include "core/settings.h"
 #include "exchange/csv_export.h"
+#include "exchange/csv_import.h"
 #include "exchange/csv_mapper.h"
 #include "formats/hpd_reader.h"
 #include "formats/hpd_writer.h"
+#include "grid/cell_commit_frequency.h"
 #include "grid/column_schemas.h"
 
 namespace {
@@ -61,24 +65,34 @@ void writeWhole(const std::string& path, const std::string& text) {
 }  // namespace
 
 ZEL_COMMAND(46) {
-  (void)context;
   auto* csv = app.add_subcommand("csv", "Delimited text in and out: import, export");
   csv->require_subcommand(1);
 
   struct ImportArgs {
     std::string in, out, system = "CSV Import", department = "CSV Import";
     std::vector<std::string> maps;
+    std::string region;
+    bool airband = false;
+    bool decimalComma = false;
   };
   auto im = std::make_shared<ImportArgs>();
   auto* importCmd = csv->add_subcommand("import", "A delimited text file into a favorites file");
   importCmd->add_option("IN", im->in, "The text file")->required();
-  importCmd->add_option("--out", im->out, "The .hpd file to write")->required();
-  importCmd->add_option("--system", im->system, "Name of the conventional system");
-  importCmd->add_option("--department", im->department, "Name of its department");
+  importCmd->add_option("-o,--out", im->out, "The .hpd file to write")->required();
+  importCmd->add_option("--system", im->system, "Name of the system for rows that name none");
+  importCmd->add_option("--department", im->department,
+                        "Name of the department for rows that name none");
   importCmd->add_option("--map", im->maps,
                         "COLUMN=MEANING, e.g. 1=\"Frequency (MHz)\" (repeatable; no --map: "
                         "the columns are detected)");
-  importCmd->callback([im] {
+  importCmd->add_option("--region", im->region,
+                        "Scanner region: us, eu or au (default: the settings' region)")
+      ->check(CLI::IsMember({"us", "eu", "au"}, CLI::ignore_case));
+  importCmd->add_flag("--airband", im->airband,
+                      "Round VHF Airband to 8.33 / 12.5 / 25 kHz steps (also on in the settings)");
+  importCmd->add_flag("--decimal-comma", im->decimalComma,
+                      "Read as on a system whose decimal sign is a comma");
+  importCmd->callback([im, &context] {
     exchange::CsvMapper mapper;
     RecordingFeedback said;
     if (!mapper.loadFile(im->in, &said)) throw cli::UserError{std::string(exchange::kTooLarge)};
@@ -95,40 +109,39 @@ ZEL_COMMAND(46) {
     }
     Scratch scratch;
     Document doc;
-    NewNodeResult sys = newSystem(doc, systemTemplates().front().command, said, 0);
-    if (!sys.ok) throw cli::UserError{"Cannot make the system."};
-    int number = keys::systemOf(sys.key);
-    NodeId sysNode = doc.data.find(sys.key);
-    doc.data.setText(sysNode,
-                     record::withField(doc.data.text(sysNode), 4, record::sanitize(im->system)));
-    doc.systems.set(number, 1, im->system);
-    std::string deptKey;
-    for (NodeId child : doc.data.childList(sysNode)) {
-      if (startsWith(doc.data.key(child), "GRP-")) deptKey = doc.data.key(child);
+    exchange::CsvImportOptions options;
+    options.system = im->system;
+    options.department = im->department;
+    // The settings' region and airband step, as the window commits cells; the flags win.
+    const Settings settings(context.settings());
+    options.rules = cell::rulesFromSettings(
+        settings, doc.family, im->decimalComma ? DecimalMark::comma() : DecimalMark::system());
+    const std::string region = toLower(im->region);
+    if (region == "us") options.rules.region = cell::Region::US;
+    if (region == "eu") options.rules.region = cell::Region::Europe;
+    if (region == "au") options.rules.region = cell::Region::Australia;
+    if (im->airband) options.rules.airband = true;
+    exchange::CsvImportResult result = exchange::importCsv(mapper, doc, *scratch.pages, options);
+    if (!result.ok) {
+      std::string why = "Nothing imported from " + im->in + ": " + result.message;
+      if (result.talkgroupsSkipped > 0) {
+        why += " (" + std::to_string(result.talkgroupsSkipped) +
+               " talkgroup rows skipped: an import makes conventional systems)";
+      }
+      throw cli::UserError{why + "."};
     }
-    if (NodeId dept = doc.data.find(deptKey)) {
-      doc.data.setText(dept,
-                       record::withField(doc.data.text(dept), 4, record::sanitize(im->department)));
-    }
-    const HeadingList& headings = schemaHeadings(Schema::Channel, doc.family);
-    int cols = headingCount(headings) + 1;
-    GridPage grid(2, cols);
-    for (int c = 1; c < cols; ++c) grid.setTextMatrix(0, c, headings[c]);
-    cell::CommitEnv env;
-    int added = exchange::pasteFrequencies(grid, mapper.clipboardText(), env);
-    if (added == 0) throw cli::UserError{"No row of " + im->in + " has a frequency to import."};
-    std::vector<std::string> lines;
-    for (int r = 1; r < grid.rows(); ++r) {
-      if (grid.textMatrix(r, 1).empty()) continue;
-      std::string line = std::to_string(lines.size() + 1);
-      for (int c = 1; c < cols; ++c) line += "," + grid.textMatrix(r, c);
-      lines.push_back(line);
-    }
-    if (!scratch.pages->save(deptKey, lines)) throw cli::UserError{"Cannot write the page."};
-    formats::HpdWriteOptions options;
-    auto written = formats::writeHpd(doc, *scratch.pages, im->out, options, said);
+    formats::HpdWriteOptions write;
+    auto written = formats::writeHpd(doc, *scratch.pages, im->out, write, said);
     if (!written.ok()) throw cli::UserError{written.message};
-    std::cout << lines.size() << " channels written to " << written.path << "\n";
+    for (const std::string& name : result.continued) {
+      std::cout << "A department holds at most 9999 rows: continued in \"" << name << "\"\n";
+    }
+    if (result.talkgroupsSkipped > 0) {
+      std::cout << result.talkgroupsSkipped
+                << " talkgroup rows skipped: an import makes conventional systems\n";
+    }
+    std::cout << result.channels << " channels in " << result.systems << " systems and "
+              << result.departments << " departments written to " << written.path << "\n";
   });
 
   struct ExportArgs {
@@ -157,11 +170,11 @@ ZEL_COMMAND(46) {
       std::vector<exchange::FavoritesRow> rows;
       for (int number : read.systems) {
         NodeId node = doc.data.find(keys::system(number));
-        if (node) rows.push_back({"1", doc.data.text(node)});
+        if (node) rows.push_back({"1", doc.data.text(node), record::field(doc.data.text(node), 4)});
       }
       text = exchange::zelCsvExport(rows);
     } else {
-      text = exchange::channelCsvExport(*scratch.pages, doc.family);
+      text = exchange::channelCsvExport(doc, *scratch.pages);
     }
     writeWhole(ex->out, text);
     std::cout << "Wrote " << ex->out << "\n";

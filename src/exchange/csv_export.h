@@ -20,13 +20,17 @@ inline constexpr std::string_view kZelCsvHeader = "[ZEL CSV FILE]";
 struct FavoritesRow {
   std::string mark;
   std::string line;
+  std::string name;  // the system's name; field 6 of the line stands in when empty
 };
-// The "To CSV" file: the header, then for each selected system "[FQK] " name (field 6),
-// ",", field 3, ",", field 7, ",Numtag: ", field 2, ",".
+// The "To CSV" file: the header, then for each selected system "[FQK] " name, ",",
+// field 3, ",", field 7, ",Numtag: ", field 2, ",".
 std::string zelCsvExport(const std::vector<FavoritesRow>& rows);
 
 // One line a channel and one a talkgroup with the grid headings of the family: a heading
 // line before the channels and one before the talkgroups, page rows in department order.
 std::string channelCsvExport(const PageFiles& pages, ScannerFamily family);
+// The same with the names of each row's system and department in two first columns,
+// "System" and "Department", so that `zel csv import` puts every row back where it was.
+std::string channelCsvExport(const Document& doc, const PageFiles& pages);
 
 }  // namespace zel::exchange

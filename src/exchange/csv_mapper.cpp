@@ -6,7 +6,11 @@
 #include <fstream>
 #include <sstream>
 
+#include "core/record_line.h"
+#include "core/tables.h"
 #include "core/text.h"
+#include "formats/text_file.h"
+#include "exchange/tone_text.h"
 #include "grid/vocabulary.h"
 
 namespace zel::exchange {
@@ -157,10 +161,7 @@ bool CsvMapper::loadText(std::string_view text, Feedback* feedback) {
     }
     std::string line = normaliseLine(raw);
     std::vector<std::string> fields;
-    for (std::string_view f : splitView(line, ',')) {
-      if (static_cast<int>(fields.size()) == kMaxColumns) break;
-      fields.emplace_back(f);
-    }
+    for (std::string_view f : splitView(line, ',', kMaxColumns)) fields.emplace_back(f);
     width = std::max(width, fields.size());
     lines.push_back(std::move(line));
     cells.push_back(std::move(fields));
@@ -389,23 +390,22 @@ std::string CsvMapper::saveFile(const std::string& path) const {
 
 std::string CsvMapper::clipboardText() const {
   std::vector<std::pair<int, std::string>> mapped;  // column, heading
+  std::vector<std::pair<int, std::string>> tones;   // the tone columns, with their mode
   for (int c = 1; c < grid_.cols(); ++c) {
-    std::string heading = targetHeading(meaning(c));
+    const std::string& m = meaning(c);
+    if (m == "CTCSS" || m == "DCS" || m == "Subtone") {
+      tones.emplace_back(c, m == "Subtone" ? std::string() : m);
+      continue;
+    }
+    std::string heading = targetHeading(m);
     if (!heading.empty()) mapped.emplace_back(c, heading);
   }
-  if (mapped.empty()) return {};
-  // A CTCSS or DCS column names the kind of its code too: "SQ Mode" goes with it.
-  int toneColumn = 0;
-  std::string toneMode;
-  for (int c = 1; c < grid_.cols(); ++c) {
-    if (meaning(c) == "CTCSS" || meaning(c) == "DCS") {
-      toneColumn = c;
-      toneMode = meaning(c);
-    }
-  }
+  if (mapped.empty() && tones.empty()) return {};
   std::string out;
   for (std::size_t i = 0; i < mapped.size(); ++i) out += (i ? "\t" : "") + mapped[i].second;
-  if (toneColumn) out += "\tSQ Mode";
+  // The tone columns become one code and its mode: each row takes both from the first tone
+  // column that holds a value, so an empty DCS cell cannot wipe the CTCSS tone beside it.
+  if (!tones.empty()) out += std::string(mapped.empty() ? "" : "\t") + "SQ Code\tSQ Mode";
   out += "\r\n";
   for (int r = 1; r < grid_.rows(); ++r) {
     bool any = false;
@@ -415,8 +415,18 @@ std::string CsvMapper::clipboardText() const {
       any = any || !trimView(cell).empty();
       line += (i ? "\t" : "") + trim(cell);
     }
-    if (toneColumn) {
-      line += "\t" + (trimView(grid_.textMatrix(r, toneColumn)).empty() ? std::string() : toneMode);
+    if (!tones.empty()) {
+      std::string code, mode;
+      for (const auto& [col, toneMode] : tones) {
+        std::string cell = trim(grid_.textMatrix(r, col));
+        if (cell.empty()) continue;
+        ToneText tone = readToneText(cell);
+        code = tone.code;
+        mode = !tone.mode.empty() ? tone.mode : toneMode;
+        break;
+      }
+      any = any || !code.empty();
+      line += std::string(mapped.empty() ? "" : "\t") + code + "\t" + mode;
     }
     if (any) out += line + "\r\n";
   }
@@ -424,54 +434,63 @@ std::string CsvMapper::clipboardText() const {
 }
 
 int pasteFrequencies(GridPage& grid, std::string_view clipboard, const cell::CommitEnv& env) {
-  std::vector<std::string> lines;
-  for (std::string_view l : splitView(clipboard, '\n')) {
-    if (!l.empty() && l.back() == '\r') l.remove_suffix(1);
-    if (!l.empty()) lines.emplace_back(l);
-  }
+  std::vector<std::string_view> lines;
+  formats::forEachLine(clipboard, [&](std::string_view l) {
+    if (!l.empty()) lines.push_back(l);
+  });
   if (lines.size() < 2) return 0;
-  std::vector<std::string> headings = split(lines[0], '\t');
+  // Nothing past the grid's own columns can land anywhere: the splits stop there.
+  const std::size_t cap = static_cast<std::size_t>(std::max(grid.cols(), 1));
   std::vector<int> columns;
-  for (const std::string& h : headings) columns.push_back(grid.findColumn(h));
+  for (std::string_view h : splitView(lines[0], '\t', cap)) columns.push_back(grid.findColumn(h));
   int row = grid.rows();
   for (int r = grid.rows() - 1; r >= 1; --r) {
     if (!trimView(grid.textMatrix(r, 1)).empty()) break;
     row = r;
   }
   int added = 0;
-  for (std::size_t i = 1; i < lines.size(); ++i) {
+  std::size_t i = 1;
+  for (; i < lines.size(); ++i) {
+    if (row > kMaxChannels) break;  // a department holds 9999 rows
     if (row >= grid.rows()) grid.setRows(row + 1);
     grid.setTextMatrix(row, 0, std::to_string(row));
-    std::vector<std::string> values = split(lines[i], '\t');
-    bool keyed = false;
+    std::vector<std::string_view> values = splitView(lines[i], '\t', columns.size());
     for (std::size_t k = 0; k < values.size() && k < columns.size(); ++k) {
       int col = columns[k];
       if (col < 1) continue;
       const std::string& heading = grid.textMatrix(0, col);
+      // A comma would split the row's record: it becomes ";" as in the grid's own Paste.
+      std::string value = record::sanitize(values[k]);
       grid.setRow(row);
       grid.setCol(col);
       if (cell::ruleForHeading(heading)) {
-        std::string text = values[k];
-        cell::cellCommit(&grid, text, cell::kModePlain, env);
+        cell::cellCommit(&grid, value, cell::kModePlain, env);
       } else {
         // A list column takes only a word of its list, so a stray text cannot land there.
         const auto& list =
             vocab::tabel(heading == "Avoid" || heading == "Attenuator" || heading == "Priority"
                              ? std::string("Avoid")
                              : heading);
-        if (std::find(list.begin(), list.end(), values[k]) != list.end()) grid.setText(values[k]);
+        if (std::find(list.begin(), list.end(), value) != list.end()) grid.setText(value);
       }
     }
-    keyed = !trimView(grid.textMatrix(row, 1)).empty();
-    if (keyed) {
+    if (!trimView(grid.textMatrix(row, 1)).empty()) {
       ++row;
       ++added;
     } else {
       for (int c = 1; c < grid.cols(); ++c) grid.setTextMatrix(row, c, "");
     }
   }
+  if (i < lines.size() && env.feedback) {
+    env.feedback->message(departmentFullMessage(static_cast<int>(lines.size() - i)));
+  }
   if (added > 0 && env.changed) *env.changed = true;
   return added;
+}
+
+std::string departmentFullMessage(int rowsLeft) {
+  return "A department holds at most 9999 rows: " + std::to_string(rowsLeft) +
+         " rows were not pasted.";
 }
 
 }  // namespace zel::exchange

@@ -103,8 +103,11 @@ class CsvMapper {
 std::string normaliseLine(std::string_view line);
 
 // "Paste Frequencies": the clipboard text of the mapper into a grid, every value through
-// the cell commit (a list column takes a word of its list only). Rows go below the last
-// row that has a key. Returns the rows added.
+// the cell commit (a list column takes a word of its list only; a comma becomes ";" as in
+// the grid's own Paste). Rows go below the last row that has a key, up to row 9999: what
+// does not fit is left out and the feedback says how many rows. Returns the rows added.
 int pasteFrequencies(GridPage& grid, std::string_view clipboard, const cell::CommitEnv& env);
+// "A department holds at most 9999 rows: N rows were not pasted."
+std::string departmentFullMessage(int rowsLeft);
 
 }  // namespace zel::exchange

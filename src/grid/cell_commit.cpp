@@ -1,11 +1,14 @@
 #include "grid/cell_commit.h"
 
+#include <algorithm>
+
 #include <array>
 
 #include "core/text.h"
 #include "gps/coordinates.h"
 #include "grid/cell_commit_filters.h"
 #include "grid/cell_commit_numbers.h"
+#include "grid/vocabulary.h"
 
 namespace zel::cell {
 
@@ -95,6 +98,12 @@ CommitResult commitText(std::string_view heading, std::string_view text,
     CommitResult r;
     r.status = CommitStatus::UnknownHeading;
     return r;
+  }
+  // A word that the column's own drop list offers ("-5" of "Delay Time") always passes.
+  const auto& offered = vocab::tabel(heading);
+  const std::string_view word = trimView(text);
+  if (!word.empty() && std::find(offered.begin(), offered.end(), word) != offered.end()) {
+    return stored(std::string(word));
   }
   switch (*rule) {
     case Rule::Frequency: {

@@ -155,7 +155,14 @@ Scaled roundToRaster(Scaled f, bool rasterFlag, char sign) {
 // Steps 1 to 4, shared with the offset: filter, pad, tail, decimal sign. Returns "" for a
 // text with nothing left.
 std::string preparedText(std::string_view text, DecimalMark mark) {
-  std::string filtered = applyFilter(CharFilter::Frequency, text);
+  // Under a decimal comma the comma typed is the decimal mark, not a stray sign to drop.
+  std::string typed(text);
+  if (mark.isComma()) {
+    for (char& c : typed) {
+      if (c == ',') c = '.';
+    }
+  }
+  std::string filtered = applyFilter(CharFilter::Frequency, typed);
   if (filtered.empty()) return {};
   std::string padded = completeTail(padFixed(filtered, 5, 8));
   if (mark.isComma()) {

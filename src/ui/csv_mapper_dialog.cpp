@@ -25,6 +25,7 @@
 #include <set>
 
 #include "core/keys.h"
+#include "core/record_line.h"
 #include "core/text.h"
 #include "core/tree_operations.h"
 #include "exchange/csv_export.h"
@@ -434,7 +435,8 @@ bool CsvMapperDialog::exportZelCsv(const QString& path) {
   for (NodeId node : treemod::walkSystems(doc.data)) {
     // The system table's first field is the system's mark: "1" while it is in use.
     const int number = keys::systemOf(doc.data.key(node));
-    rows.push_back({doc.systems.get(number, 0), doc.data.text(node)});
+    rows.push_back({doc.systems.get(number, 0), doc.data.text(node),
+                     record::field(doc.data.text(node), 4)});
   }
   return writeFileWhole(toLatin1(path), exchange::zelCsvExport(rows));
 }

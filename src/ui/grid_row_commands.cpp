@@ -181,7 +181,10 @@ std::vector<std::vector<std::string>> splitClipboard(std::string_view text) {
     std::string_view line =
         text.substr(start, end == std::string_view::npos ? text.size() - start : end - start);
     if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-    rows.push_back(split(line, '\t'));
+    // No grid has 256 columns: the split stops there, however many TABs the line holds.
+    std::vector<std::string> cells;
+    for (std::string_view cell : splitView(line, '\t', 256)) cells.emplace_back(cell);
+    rows.push_back(std::move(cells));
     if (end == std::string_view::npos) break;
     start = end + 1;
   }

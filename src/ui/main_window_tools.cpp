@@ -138,7 +138,7 @@ void MainWindow::exportCsvCommand() {
   QString path = askFile(FileAsk::ExportCsv, QString::fromStdString(session_.folders().data));
   if (path.isEmpty()) return;
   if (!path.contains('.')) path += ".csv";
-  const std::string text = exchange::channelCsvExport(session_.pages(), session_.document().family);
+  const std::string text = exchange::channelCsvExport(session_.document(), session_.pages());
   const std::string target = toLatin1(path);
   if (!formats::writeFileAtomically(target, text).ok) {
     feedback_.message("There was an error saving this file: " + target);

@@ -126,7 +126,6 @@ const FrequencyCase kCases[] = {
     // Filtering and padding.
     {" 154.1625 MHz", US, BCD, false, "154.162500", "blanks and letters dropped"},
     {"00154.1625", US, BCD, false, "154.162500", "leading zeros"},
-    {"154,1625", US, BCD, false, "1300.000000", "a comma is no decimal sign here"},
     {"-154.1625", US, BCD, false, "154.162500", "minus dropped"},
 };
 
@@ -140,6 +139,23 @@ TEST(FrequencyRule, TableUnderBothDecimalMarks) {
       EXPECT_FALSE(result.beep) << c.typed;
       EXPECT_FALSE(result.failed) << c.typed;
     }
+  }
+}
+
+// A comma is the decimal sign only where the system's decimal mark is a comma.
+TEST(FrequencyRule, ACommaReadsByTheDecimalMark) {
+  const struct {
+    DecimalMark mark;
+    const char* typed;
+    const char* stored;
+  } cases[] = {{DecimalMark::point(), "154,1625", "1300.000000"},
+               {DecimalMark::comma(), "154,1625", "154.162500"},
+               {DecimalMark::comma(), "851,0125", "851.012500"},
+               {DecimalMark::comma(), "88,5", "088.500000"}};
+  for (const auto& c : cases) {
+    FrequencyRules r = rules(US, BCD, false);
+    r.mark = c.mark;
+    EXPECT_EQ(normaliseFrequency(c.typed, r).text, c.stored) << c.typed << " " << c.mark.sign();
   }
 }
 

@@ -44,6 +44,8 @@ const HeadingCase kHeadings[] = {
     {"Car#", "0", "0"},
     {"Car#", "-3", "0"},
     {"Delay Time", "300", "200"},
+    {"Delay Time", "-5", "-5"},  // words of the column's own list pass as they are
+    {"Delay Time", " -10 ", "-10"},
     {"Dwell", "-3", "0"},
     {"Delay Time", "", "0"},
     {"LCN", "", ""},
