@@ -101,11 +101,15 @@ std::string writeThroughTemporary(const fs::path& target, std::string_view conte
   return {};
 }
 
+// A file marked read-only is refused even where the user could write it anyway (an
+// administrator): the mark is the user's wish to keep the file as it is.
 bool writable(const fs::path& path) {
-#ifdef _WIN32
   std::error_code ec;
   const fs::perms p = fs::status(path, ec).permissions();
-  return !ec && (p & fs::perms::owner_write) != fs::perms::none;
+  const fs::perms anyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  if (ec || (p & anyWrite) == fs::perms::none) return false;
+#ifdef _WIN32
+  return true;
 #else
   return ::access(path.c_str(), W_OK) == 0;
 #endif
