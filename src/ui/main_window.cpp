@@ -35,7 +35,10 @@
 #include "ui/node_icons.h"
 #include "ui/node_pane.h"
 #include "ui/patrol_window.h"
+#include "ui/qkey_browser_window.h"
+#include "ui/qkey_view_dialog.h"
 #include "ui/qt_feedback.h"
+#include "ui/system_qkeys_dialog.h"
 #include "ui/vc_window.h"
 
 namespace zel::ui {
@@ -141,6 +144,9 @@ QAction* MainWindow::addCommand(QMenu* menu, const QString& caption, std::functi
 void MainWindow::later(const QString& caption) {
   feedback_.message(toLatin1(caption) + " is not available in this version yet.");
 }
+
+// The card roots the card windows share, made on first use.
+const transfer::DriveRoots& cardRootsOf(std::unique_ptr<CardRootsHolder>& holder);
 
 void MainWindow::buildMenus() {
   QMenu* file = menuBar()->addMenu("&File");
@@ -250,6 +256,18 @@ void MainWindow::buildMenus() {
         openBandscope(this, session_.settingsCodec().store(), feedback_, session_.folders().data);
       },
       QKeySequence("Ctrl+B"));
+
+  QMenu* tools = menuBar()->addMenu("&Tools");
+  addCommand(tools, "QuickKey Layout Viewer And Editor", [this] {
+    commitShown();
+    if (!openQuickKeyView(this, session_, feedback_)) return;
+    showSelectedAgain();
+    updateStatus();
+  });
+  addCommand(tools, "System Quickkeys HP", [this] { openSystemQuickKeys(this, session_); });
+  addCommand(tools, "Scanner QuickKey Overview", [this] {
+    openQuickKeyBrowser(this, session_, feedback_, cardRootsOf(cardRoots_));
+  });
 
   QMenu* profile = menuBar()->addMenu("&Profile");
   addCommand(profile, "Open Profile", [this] { openProfileCommand(); });
@@ -449,6 +467,11 @@ class CardRootsHolder {
  public:
   transfer::MountPointRoots roots;
 };
+
+const transfer::DriveRoots& cardRootsOf(std::unique_ptr<CardRootsHolder>& holder) {
+  if (!holder) holder = std::make_unique<CardRootsHolder>();
+  return holder->roots;
+}
 
 QTableView* MainWindow::rowsPane() const {
   return rows_;
