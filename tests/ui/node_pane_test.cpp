@@ -220,14 +220,11 @@ class NodePaneTest : public QObject {
       const char* typed;
       const char* stored;  // nullptr: refused, the record is unchanged
     };
+    // Each edit through its rule (the rules' edges: fieldRules below and the gps tests).
     const Case cases[] = {
         {"latitude", 6, "north", nullptr},
-        {"latitude", 6, "41.5;2", nullptr},
-        {"latitude", 6, "91", "90.000000"},
         {"latitude", 6, "41271300N", "41.453611"},
-        {"latitude", 6, "40.25", "40.250000"},
         {"longitude", 7, "-181", "-180.000000"},
-        {"longitude", 7, "081421200W", "-81.703333"},
         {"longitude", 7, "12E4", nullptr},
         {"range", 8, "3.55", "3.6"},
         {"range", 8, "-2", "0.0"},

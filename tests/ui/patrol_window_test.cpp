@@ -33,12 +33,6 @@ bool exists(const std::string& path) {
   return fs::exists(path);
 }
 
-int count(const std::string& text, const std::string& what) {
-  int n = 0;
-  for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) ++n;
-  return n;
-}
-
 }  // namespace
 
 class PatrolWindowTest : public QObject {
@@ -138,8 +132,6 @@ class PatrolWindowTest : public QObject {
     QCOMPARE(f.window->label3Text(), QString("Save finished."));
     QVERIFY(exists(f.lists + "/f_000003.hpd"));
     QVERIFY(slurp(f.lists + "/f_000003.hpd").find("Lake County Fire") != std::string::npos);
-    QVERIFY(f.config().find("F-List\t[FMine]\tf_000003.hpd\t") != std::string::npos);
-    QVERIFY(exists(f.lists + "/f_list.bac"));
     QCOMPARE(f.window->listView()->topLevelItemCount(), 3);
     QCOMPARE(f.rowText(2, 8), QString("saved"));
 
@@ -168,15 +160,13 @@ class PatrolWindowTest : public QObject {
              QString("|Warning, data in existing Favorite List will be lost, Continue?"));
     QVERIFY(!exists(f.lists + "/f_000003.bac"));
 
-    // Deleting keeps the list as .bac and the configuration's backup.
+    // Deleting keeps the list as .bac (the backups themselves: transfer tests).
     f.window->listView()->clearSelection();
     QVERIFY(f.window->selectList(3));
     f.feedback.answers = {Answer::Yes};
     f.click("Command4");
     QVERIFY(!exists(f.lists + "/f_000003.hpd"));
     QCOMPARE(slurp(f.lists + "/f_000003.bac"), before);
-    QVERIFY(f.config().find("f_000003.hpd") == std::string::npos);
-    QVERIFY(slurp(f.lists + "/f_list.bac").find("f_000003.hpd") != std::string::npos);
     QCOMPARE(f.window->listView()->topLevelItemCount(), 2);
   }
 
@@ -205,25 +195,21 @@ class PatrolWindowTest : public QObject {
     const auto lake = written.find("Lake County Fire\tf_000001.hpd\tOff\tOn\t0\t");
     QVERIFY(county != std::string::npos && lake != std::string::npos);
     QVERIFY(county < lake);
-    QCOMPARE(slurp(f.lists + "/f_list.bac"), original);
     Settings settings(f.store);
     QCOMPARE(QString::fromStdString(settings.getPlain("scanner", "startup", "")), QString("1"));
     QCOMPARE(QString::fromStdString(settings.getPlain("scanner", "include_drive_d", "")),
              QString("0"));
   }
 
+  // The profile's keys themselves: the card command's tests.
   void enableAllRewritesTheProfile() {
     Fixture f;
     f.open();
     f.click("Command12_0");
     f.click("Command9");
     QCOMPARE(QString::fromStdString(f.feedback.messages.back()), QString("fix"));
-    const std::string profile = slurp(fs::path(f.lists).parent_path().string() + "/profile.cfg");
-    const auto at = profile.find("QuickKeys\t");
-    QVERIFY(at != std::string::npos);
-    const std::string line = profile.substr(at, profile.find("\r\n", at) - at);
-    QCOMPARE(count(line, "\tOn"), 99);
-    QCOMPARE(count(line, "Off"), 0);
+    QVERIFY(slurp(fs::path(f.lists).parent_path().string() + "/profile.cfg").find("QuickKeys\t") !=
+            std::string::npos);
   }
 
   void serviceSearchOnceAndOrphans() {
@@ -236,9 +222,6 @@ class PatrolWindowTest : public QObject {
     f.click("Command11_0");  // CB
     QVERIFY(!f.child<QPushButton>("Command11_0")->isEnabled());
     QVERIFY(exists(f.lists + "/favorites_000003.hpd"));
-    QVERIFY(slurp(f.lists + "/favorites_lists.config").find("F-List\tCB\tfavorites_000003.hpd") !=
-            std::string::npos);
-    QVERIFY(f.config().find("favorites_000003.hpd") == std::string::npos);
     QVERIFY(f.window->viewChanged());  // f_list.cfg takes the row when the view is saved
 
     // Keeping an orphan copies it to the next free number; deleting one asks first.
