@@ -11,6 +11,7 @@
 
 #include "cli/cmd_hpd_common.h"
 #include "cli/command_registry.h"
+#include "cli/rr_listing.h"
 #include "core/document.h"
 #include "core/memory_ports.h"
 #include "formats/hpd_reader.h"
@@ -26,6 +27,7 @@ struct BanknamesArgs {
   std::string in;
   std::string out;
   std::vector<std::string> renames;
+  bool json = false;
 };
 
 // "Old=New" split at the first "=": an old name cannot hold one, a new name can.
@@ -44,7 +46,16 @@ void runBanknames(const BanknamesArgs& args) {
   const std::vector<banks::BankName> names = banks::list(doc.data);
 
   if (args.renames.empty()) {
+    if (args.json) {
+      std::vector<cli::Listing> items;
+      for (const banks::BankName& b : names) {
+        items.emplace_back().field("system", b.system).field("department", b.name).field("key", b.key);
+      }
+      cli::printJsonArray(std::cout, items);
+      return;
+    }
     for (const banks::BankName& b : names) std::cout << b.system << '\t' << b.name << '\n';
+    if (names.empty()) std::cout << "No departments in " << args.in << ".\n";
     return;
   }
   if (args.out.empty()) throw cli::UserError{"Renaming needs -o OUT, the file to write."};
@@ -67,6 +78,11 @@ void runBanknames(const BanknamesArgs& args) {
   if (!renamed.error.empty()) throw cli::UserError{renamed.error};
 
   formats::HpdWriteResult written = cli::writeHpdOrFail(doc, rows, args.out);
+  if (args.json) {
+    cli::printJson(std::cout,
+                   cli::Listing().field("renamed", renamed.renamed).field("file", written.path));
+    return;
+  }
   std::cout << "Renamed " << renamed.renamed
             << (renamed.renamed == 1 ? " department" : " departments") << "; wrote " << written.path
             << "\n";
@@ -84,5 +100,7 @@ ZEL_COMMAND(32) {
   cmd->add_option("--rename", args->renames, "\"Old name=New name\" (repeatable)")
       ->allow_extra_args(false);
   cmd->add_option("-o,--out", args->out, "The .hpd file to write (may be FILE itself)");
+  cmd->add_flag("--json", args->json,
+                "Print the departments (or the count renamed and the file written) as JSON");
   cmd->callback([args] { runBanknames(*args); });
 }

@@ -6,6 +6,8 @@
 
 #include "cli/cmd_card_common.h"
 #include "cli/command_registry.h"
+#include "cli/option_range.h"
+#include "cli/window_hints.h"
 #include "core/settings.h"
 
 namespace zel::cli {
@@ -33,6 +35,10 @@ transfer::CardState detectCard(Context& context, const std::vector<std::string>&
   std::filesystem::create_directories(context.dataFolder(), ec);
   if (!ec) options.reportPath = context.dataFolder() + "/drivetest.txt";
   return detector.detect(platform, options, &settings);
+}
+
+CLI::Option* listNumber(CLI::Option* option) {
+  return inRange(option, 1, 999, "a list number");
 }
 
 transfer::CardState requireCard(Context& context, const std::vector<std::string>& extraRoots,
@@ -64,6 +70,9 @@ ZEL_COMMAND(40) {
     } else {
       std::cout << state.label3 << "\n";
       if (state.detected()) std::cout << "Scanner root: " << state.scannerRoot << "\n";
+      if (std::string hint = zel::cli::windowHint(state.label3); !hint.empty()) {
+        std::cout << hint << "\n";
+      }
     }
     if (!state.detected()) throw zel::cli::UserError{""};
   });

@@ -21,6 +21,9 @@ transfer::CardState detectCard(Context& context, const std::vector<std::string>&
 transfer::CardState requireCard(Context& context, const std::vector<std::string>& extraRoots,
                                 transfer::CardDetector& detector);
 
+// A list's number as in f_00000N.hpd, from 1 to 999; another number ends the command.
+CLI::Option* listNumber(CLI::Option* option);
+
 // Finds the card (or ends the command) and reads its configuration.
 transfer::FavoritesCard openCard(Context& context, const std::vector<std::string>& roots);
 

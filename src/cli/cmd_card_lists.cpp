@@ -5,6 +5,8 @@
 #include <memory>
 
 #include "cli/cmd_card_common.h"
+#include "cli/option_range.h"
+#include "cli/rr_listing.h"
 #include "core/memory_ports.h"
 #include "formats/profile_config.h"
 #include "formats/text_file.h"
@@ -26,27 +28,39 @@ std::shared_ptr<CardArgs> addCardArgs(CLI::App* cmd) {
   return args;
 }
 
+std::string listsWord(std::size_t n) {
+  return std::to_string(n) + (n == 1 ? " list" : " lists");
+}
+
 void fail(const transfer::StepStatus& st) {
   if (!st.ok) throw UserError{st.message};
+}
+
+std::vector<Listing> rowListings(const transfer::FavoritesCard& card) {
+  std::vector<Listing> out;
+  for (const auto& r : card.rows()) {
+    Listing& l = out.emplace_back();
+    l.field("number", transfer::listFileNumber(r.file))
+        .field("name", r.name)
+        .field("file", r.file)
+        .field("tag", r.tag)
+        .field("monitor", r.monitor)
+        .field("locationControl", r.locationControl)
+        .field("quickKey", r.quickKey)
+        .field("numberTag", r.numberTag)
+        .field("startupKeys", r.startupKeys)
+        .field("systemKeys", r.systemKeys);
+  }
+  return out;
 }
 
 void printRows(const transfer::FavoritesCard& card, bool json) {
   const auto& rows = card.rows();
   if (json) {
-    std::cout << "[";
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-      const auto& r = rows[i];
-      std::cout << (i ? "," : "") << "{\"number\":" << transfer::listFileNumber(r.file)
-                << ",\"name\":\"" << jsonEscape(r.name) << "\",\"file\":\"" << jsonEscape(r.file)
-                << "\",\"tag\":\"" << jsonEscape(r.tag) << "\",\"monitor\":\"" << r.monitor
-                << "\",\"locationControl\":\"" << r.locationControl << "\",\"quickKey\":\""
-                << jsonEscape(r.quickKey) << "\",\"numberTag\":\"" << jsonEscape(r.numberTag)
-                << "\",\"startupKeys\":\"" << r.startupKeys << "\",\"systemKeys\":\""
-                << r.systemKeys << "\"}";
-    }
-    std::cout << "]\n";
+    printJsonArray(std::cout, rowListings(card));
     return;
   }
+  if (rows.empty()) std::cout << "No favorites lists on the card.\n";
   for (const auto& r : rows) {
     const int n = transfer::listFileNumber(r.file);
     const bool present = zel::formats::fileExists(card.paths().path(r.file));
@@ -72,6 +86,8 @@ transfer::FavoritesCard openCard(Context& context, const std::vector<std::string
 }  // namespace zel::cli
 
 using zel::cli::addCardArgs;
+using zel::cli::listNumber;
+using zel::cli::listsWord;
 using zel::cli::cardNoun;
 using zel::cli::openCard;
 using zel::cli::UserError;
@@ -93,7 +109,7 @@ ZEL_COMMAND(44) {
   auto args = addCardArgs(cmd);
   auto number = std::make_shared<int>(0);
   auto yes = std::make_shared<bool>(false);
-  cmd->add_option("N", *number, "Number of the list, as in f_00000N.hpd")->required();
+  listNumber(cmd->add_option("N", *number, "Number of the list, as in f_00000N.hpd")->required());
   cmd->add_flag("--yes", *yes, "Confirm that the list's data may be lost");
   cmd->callback([args, number, yes, &context] {
     if (!*yes) {
@@ -112,11 +128,13 @@ ZEL_COMMAND(45) {
       "order", "Put the named lists first, in this order, and write the configuration");
   auto args = addCardArgs(cmd);
   auto numbers = std::make_shared<std::vector<int>>();
-  cmd->add_option("N", *numbers, "List numbers in the new order")->required();
+  listNumber(cmd->add_option("N", *numbers, "List numbers in the new order")->required());
+  cmd->add_flag("--json", args->json, "Print the lists in their new order as JSON");
   cmd->callback([args, numbers, &context] {
     auto card = openCard(context, args->roots);
     zel::cli::fail(card.reorder(*numbers));
-    zel::cli::printRows(card, false);
+    zel::cli::printRows(card, args->json);
+    if (!args->json) std::cout << "Wrote the order of " << listsWord(card.rows().size()) << ".\n";
   });
 }
 
@@ -131,6 +149,8 @@ ZEL_COMMAND(46) {
   cmd->add_option("--recover", *recover, "Add an orphan as a list at the next free number");
   cmd->add_option("--delete", *remove, "Delete an orphan file");
   cmd->add_flag("--yes", *yes, "Confirm the deletion");
+  cmd->add_flag("--json", args->json,
+                "Print the files recovered, deleted and still orphaned as JSON");
   cmd->add_flag("--overwrite-orphans", *overwriteOrphans,
                 "Let a recovered list take a number whose file lies on the card unnamed");
   cmd->callback([args, recover, remove, yes, overwriteOrphans, &context] {
@@ -139,17 +159,28 @@ ZEL_COMMAND(46) {
     if (!remove->empty() && !*yes) {
       throw UserError{"Are you sure you want to delete the selected files? Add --yes to confirm."};
     }
+    std::vector<zel::cli::Listing> recovered, deleted, orphans;
     for (const auto& f : *recover) {
       auto out = card.recoverOrphan(f);
       zel::cli::fail(out.status);
-      std::cout << f << " recovered as " << out.file << "\n";
+      recovered.emplace_back().field("file", f).field("list", out.file);
+      if (!args->json) std::cout << f << " recovered as " << out.file << "\n";
     }
     for (const auto& f : *remove) {
       zel::cli::fail(card.deleteOrphan(f));
-      std::cout << f << " deleted.\n";
+      deleted.emplace_back().field("file", f);
+      if (!args->json) std::cout << f << " deleted.\n";
     }
-    if (recover->empty() && remove->empty()) {
+    for (const auto& f : card.orphans()) orphans.emplace_back().field("file", f);
+    if (args->json) {
+      zel::cli::Listing result;
+      result.list("recovered", "Recovered") = std::move(recovered);
+      result.list("deleted", "Deleted") = std::move(deleted);
+      result.list("orphans", "Orphans") = std::move(orphans);
+      zel::cli::printJson(std::cout, result);
+    } else if (recover->empty() && remove->empty()) {
       for (const auto& f : card.orphans()) std::cout << "Orphan " << f << "\n";
+      if (orphans.empty()) std::cout << "No orphan files.\n";
     }
   });
 }
@@ -162,6 +193,7 @@ ZEL_COMMAND(47) {
                   "auto: Auto Assign Qkey; clear: Clear FL Qkey; on: All Sys Qkey On; all: All On")
       ->required()
       ->check(CLI::IsMember({"auto", "clear", "on", "all"}));
+  cmd->add_flag("--json", args->json, "Print the lists with their new quick keys as JSON");
   cmd->callback([args, what, &context] {
     using zel::transfer::QuickKeyCommand;
     auto card = openCard(context, args->roots);
@@ -170,7 +202,8 @@ ZEL_COMMAND(47) {
     if (*what == "on") c = QuickKeyCommand::SystemsOn;
     if (*what == "all") c = QuickKeyCommand::AllOn;
     zel::cli::fail(card.quickKeys(c));
-    zel::cli::printRows(card, false);
+    zel::cli::printRows(card, args->json);
+    if (!args->json) std::cout << "Set the quick keys of " << listsWord(card.rows().size()) << ".\n";
   });
 }
 
@@ -209,7 +242,8 @@ ZEL_COMMAND(49) {
       "and every service type, custom type and quick key of profile.cfg");
   auto args = addCardArgs(cmd);
   auto numbers = std::make_shared<std::vector<int>>();
-  cmd->add_option("N", *numbers, "Numbers of the lists (all lists when none is given)");
+  listNumber(cmd->add_option("N", *numbers, "Numbers of the lists (all lists when none is given)"));
+  cmd->add_flag("--json", args->json, "Print the lists and whether profile.cfg was found as JSON");
   cmd->callback([args, numbers, &context] {
     auto card = openCard(context, args->roots);
     std::vector<int> rows;
@@ -230,7 +264,14 @@ ZEL_COMMAND(49) {
     using zel::formats::ProfileRewrite;
     const ProfileRewrite profile =
         zel::formats::enableAllInProfile(cardRoot, "1111111111", quiet);
-    zel::cli::printRows(card, false);
+    if (profile != ProfileRewrite::Failed && args->json) {
+      zel::cli::Listing result;
+      result.field("profile", profile == ProfileRewrite::Written ? "every flag on" : "not found");
+      result.list("lists", "Lists") = zel::cli::rowListings(card);
+      zel::cli::printJson(std::cout, result);
+      return;
+    }
+    if (!args->json) zel::cli::printRows(card, false);
     if (profile == ProfileRewrite::Failed) {
       throw UserError{"The lists were written, but profile.cfg could not be rewritten and is "
                       "as it was."};

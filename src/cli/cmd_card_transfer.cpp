@@ -53,7 +53,8 @@ ZEL_COMMAND(42) {
   auto a = std::make_shared<Args>();
   cmd->add_option("FILE", a->file, "The .hpd file to save on the card")->required();
   cmd->add_option("--name", a->name, "Name of the new list");
-  cmd->add_option("--overwrite", a->overwrite, "Replace list N, which keeps its number");
+  cli::listNumber(
+      cmd->add_option("--overwrite", a->overwrite, "Replace list N, which keeps its number"));
   cmd->add_flag("--copy-in-name", a->copyInName, "Wrap the name as [Fname]");
   cmd->add_flag("--yes", a->yes, "Confirm that the data of the list replaced by --overwrite is lost");
   cmd->add_flag("--overwrite-orphans", a->overwriteOrphans,
@@ -91,7 +92,8 @@ ZEL_COMMAND(43) {
     std::string out;
   };
   auto a = std::make_shared<Args>();
-  cmd->add_option("N", a->numbers, "Numbers of the lists, as in f_00000N.hpd")->required();
+  cli::listNumber(
+      cmd->add_option("N", a->numbers, "Numbers of the lists, as in f_00000N.hpd")->required());
   cmd->add_option("-o,--out", a->out, "The .hpd file to write")->required();
   cmd->add_option("--root", a->roots, "A folder to look in for a card (repeatable)");
   cmd->callback([a, &context] {

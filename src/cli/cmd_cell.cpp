@@ -5,6 +5,7 @@
 #include <map>
 
 #include "cli/command_registry.h"
+#include "cli/rr_listing.h"
 #include "core/text.h"
 #include "grid/cell_commit.h"
 
@@ -18,6 +19,7 @@ ZEL_COMMAND(40) {
     std::string family = "bcd";
     bool airband = false;
     bool decimalComma = false;
+    bool json = false;
   };
   auto options = std::make_shared<Options>();
   cmd->add_option("HEADING", options->heading, "Column heading (\"Frequency\", \"NumberTag\", ...)")
@@ -30,6 +32,7 @@ ZEL_COMMAND(40) {
   cmd->add_flag("--airband", options->airband, "Round VHF Airband to 8.33 / 12.5 / 25 kHz steps.");
   cmd->add_flag("--decimal-comma", options->decimalComma,
                 "Work as on a system whose decimal sign is a comma");
+  cmd->add_flag("--json", options->json, "Print the heading, the text and its stored form as JSON");
   cmd->callback([options] {
     zel::cell::FrequencyRules rules;
     std::string region = zel::toLower(options->region);
@@ -48,6 +51,13 @@ ZEL_COMMAND(40) {
                                   "\" cannot be read as a number; the cell keeps its value."};
       case zel::cell::CommitStatus::Stored:
         break;
+    }
+    if (options->json) {
+      zel::cli::printJson(std::cout, zel::cli::Listing()
+                                         .field("heading", options->heading)
+                                         .field("text", options->text)
+                                         .field("stored", result.text));
+      return;
     }
     std::cout << result.text << '\n';
   });

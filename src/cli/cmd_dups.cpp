@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "cli/command_registry.h"
+#include "cli/option_range.h"
 #include "core/document.h"
 #include "core/keys.h"
 #include "core/memory_ports.h"
@@ -41,18 +42,14 @@ ZEL_COMMAND(45) {
   auto args = std::make_shared<Args>();
   auto* cmd = app.add_subcommand("dups", "List duplicate frequencies or talkgroups of a file");
   cmd->add_option("FILE", args->file, "The .hpd file")->required();
-  auto* sys = cmd->add_option("--system", args->system,
-                              "Compare within system N (numbers compare as numbers)");
+  auto* sys = cli::inRange(cmd->add_option("--system", args->system,
+                                           "Compare within system N (numbers compare as numbers)"),
+                           1, 999, "a system number");
   auto* all = cmd->add_flag("--all", args->all, "Compare across all systems (sorted search)");
   sys->excludes(all);
   cmd->add_flag("--talkgroups", args->talkgroups, "Talkgroups instead of frequencies");
   cmd->add_flag("--json", context.json, "Print a JSON array");
   cmd->callback([args, &context] {
-    if (args->system < 0 || args->system > 999) {
-      throw cli::UserError{"--system takes a system number from 1 to 999, not " +
-                               std::to_string(args->system) + ".",
-                           2};
-    }
     std::string pattern = (fs::temp_directory_path() / "zel-dups-XXXXXX").string();
     if (!mkdtemp(pattern.data())) throw cli::UserError{"Cannot make a temporary folder."};
     struct Cleanup {

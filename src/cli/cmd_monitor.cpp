@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "cli/cmd_control_common.h"
+#include "cli/option_range.h"
+#include "cli/window_hints.h"
 #include "control/virtual_control.h"
 #include "core/memory_ports.h"
 #include "platform/qt_serial_port.h"
@@ -46,6 +48,7 @@ class PickingFeedback : public zel::StreamFeedback {
   void message(std::string_view text, std::string_view title = {}) override {
     if (picking_ && text.find("SDS VC") != std::string_view::npos) return;
     zel::StreamFeedback::message(text, title);
+    if (std::string hint = zel::cli::windowHint(text); !hint.empty()) std::cerr << hint << std::endl;
   }
 
  private:
@@ -143,8 +146,9 @@ ZEL_COMMAND(71) {
   auto args = std::make_shared<MonitorArgs>();
   auto* cmd = app.add_subcommand("monitor", "Poll a scanner and print each logged hit");
   cmd->add_option("--port", args->port, "Serial port of the scanner (see zel ports)")->required();
-  cmd->add_option("--seconds", args->seconds, "Stop after this many seconds (default: Ctrl+C)")
-      ->check(CLI::NonNegativeNumber);
+  zel::cli::inRange(
+      cmd->add_option("--seconds", args->seconds, "Stop after this many seconds (default: Ctrl+C)"),
+      0, zel::cli::kNoLimit, "a number of seconds");
   cmd->add_option("--log", args->log, "Append the log lines to this file (log.csvx format)");
   cmd->add_option("--family", args->family,
                   "Window family of the scanner (default: picked from its model)")

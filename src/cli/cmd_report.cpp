@@ -6,6 +6,7 @@
 
 #include "cli/cmd_hpd_common.h"
 #include "cli/command_registry.h"
+#include "cli/option_range.h"
 #include "core/document.h"
 #include "core/keys.h"
 #include "core/memory_ports.h"
@@ -53,14 +54,8 @@ ZEL_COMMAND(33) {
   auto args = std::make_shared<ReportArgs>();
   auto* cmd = hpd->add_subcommand("report", "The printed form of a favorites file, as HTML");
   cmd->add_option("FILE", args->in, "The .hpd file to read")->required();
-  cmd->add_option("--system", args->system, "Only this system, by its number in the file");
+  cli::inRange(cmd->add_option("--system", args->system, "Only this system, by its number in the file"),
+               1, 999, "a system number");
   cmd->add_option("-o,--out", args->out, "The HTML file to write (default: standard output)");
-  cmd->callback([args] {
-    if (args->system < 0 || args->system > 999) {
-      throw cli::UserError{"--system takes a system number from 1 to 999, not " +
-                               std::to_string(args->system) + ".",
-                           2};
-    }
-    runReport(*args);
-  });
+  cmd->callback([args] { runReport(*args); });
 }

@@ -13,6 +13,7 @@
 #include "cli/cmd_rr_listings.h"
 #include "cli/cmd_rr_session.h"
 #include "cli/command_registry.h"
+#include "cli/option_range.h"
 
 namespace {
 
@@ -44,7 +45,12 @@ void addForm(CLI::App& parent, const std::string& name, const std::string& help,
              std::function<void(CLI::App&, BrowseArgs&)> extra = {}) {
   auto args = std::make_shared<BrowseArgs>();
   auto* cmd = parent.add_subcommand(name, help);
-  cmd->add_option(idName, args->id, idName + " of the record")->required();
+  if (idName == "ZIP") {
+    zel::cli::inRange(cmd->add_option(idName, args->id, "The zip code")->required(), 1, 99999,
+                      "a zip code");
+  } else {
+    zel::cli::rrId(cmd->add_option(idName, args->id, idName + " of the record")->required());
+  }
   if (extra) extra(*cmd, *args);
   zel::cli::addRROptions(*cmd, args->options);
   cmd->callback([&context, args, run] {
@@ -124,8 +130,8 @@ ZEL_COMMAND(70) {
         return talkgroupListing(a.id, q.talkgroups);
       },
       [](CLI::App& cmd, BrowseArgs& a) {
-        cmd.add_option("--cat", a.cat, "Only this talkgroup category (tgCid)");
-        cmd.add_option("--tag", a.tag, "Only talkgroups of this service tag (tagId)");
+        zel::cli::rrId(cmd.add_option("--cat", a.cat, "Only this talkgroup category (tgCid)"));
+        zel::cli::rrId(cmd.add_option("--tag", a.tag, "Only talkgroups of this service tag (tagId)"));
       });
   addForm(*browse, "zip", "Where a US zip code lies (state and county)", "ZIP", context,
           [](auto& q, const BrowseArgs& a) {
@@ -139,7 +145,7 @@ ZEL_COMMAND(70) {
         return frequencyListing("ctid", a.id, q.countyFreqsByTag);
       },
       [](CLI::App& cmd, BrowseArgs& a) {
-        cmd.add_option("--tag", a.tag, "Service tag (tagId)")->required();
+        zel::cli::rrId(cmd.add_option("--tag", a.tag, "Service tag (tagId)")->required());
       });
 
   addRRImport(*rr, context);
@@ -147,7 +153,8 @@ ZEL_COMMAND(70) {
   auto* search = rr->add_subcommand("search", "Find a frequency in a county or a state");
   search->require_subcommand(1);
   auto freqOptions = [](CLI::App& cmd, BrowseArgs& a) {
-    cmd.add_option("FREQ", a.freq, "Frequency in MHz")->required();
+    zel::cli::inRange(cmd.add_option("FREQ", a.freq, "Frequency in MHz")->required(), 25, 1300,
+                      "a frequency in MHz");
     cmd.add_option("--tone", a.tone, "Only conventional frequencies with this tone");
   };
   addForm(

@@ -12,6 +12,7 @@
 
 #include "cli/cmd_hpd_common.h"
 #include "cli/cmd_rr_session.h"
+#include "cli/option_range.h"
 #include "cli/rr_listing.h"
 #include "core/memory_ports.h"
 #include "core/text.h"
@@ -205,16 +206,18 @@ void addRRImport(CLI::App& rr, Context& context) {
   auto* cmd = rr.add_subcommand(
       "import", "Import subcategories of a county or agency, or a trunked system's sites and "
                 "talkgroup categories, into a favorites file");
-  cmd->add_option("--county", a->county, "County (ctid) whose subcategories are imported");
-  cmd->add_option("--agency", a->agency, "Agency (aid) whose subcategories are imported");
-  cmd->add_option("--zip", a->zip, "A US zip code: its county");
-  cmd->add_option("--subcat", a->subcats, "Subcategory (scid) to import; repeat for more (none: all)")
-      ->allow_extra_args(false);
-  cmd->add_option("--system", a->system, "Trunked system (sid) to import");
-  cmd->add_option("--site", a->sites, "Site (siteId) of the system to import; repeat for more")
-      ->allow_extra_args(false);
-  cmd->add_option("--tgcat", a->tgcats, "Talkgroup category (tgCid); repeat for more (none: all)")
-      ->allow_extra_args(false);
+  rrId(cmd->add_option("--county", a->county, "County (ctid) whose subcategories are imported"));
+  rrId(cmd->add_option("--agency", a->agency, "Agency (aid) whose subcategories are imported"));
+  inRange(cmd->add_option("--zip", a->zip, "A US zip code: its county"), 1, 99999, "a zip code");
+  rrId(cmd->add_option("--subcat", a->subcats,
+                       "Subcategory (scid) to import; repeat for more (none: all)")
+           ->allow_extra_args(false));
+  rrId(cmd->add_option("--system", a->system, "Trunked system (sid) to import"));
+  rrId(cmd->add_option("--site", a->sites, "Site (siteId) of the system to import; repeat for more")
+           ->allow_extra_args(false));
+  rrId(cmd->add_option("--tgcat", a->tgcats,
+                       "Talkgroup category (tgCid); repeat for more (none: all)")
+           ->allow_extra_args(false));
   cmd->add_option("-o,--out", a->out, "Favorites file to write");
   cmd->add_option("--into", a->into, "Add the new system to this favorites file");
   cmd->add_option("--name", a->name, "Name of the new conventional system (default: the county's)");
@@ -228,8 +231,9 @@ void addRRImport(CLI::App& rr, Context& context) {
   cmd->add_flag("--skip-telemetry", a->skipTelemetry,
                 "Do NOT import Telemetry conventional frequencies");
   cmd->add_flag("--import-gps", a->importGps, "Import GPS data (if available)");
-  cmd->add_option("--service", a->services, "Import only this service tag (tagId); repeat for more")
-      ->allow_extra_args(false);
+  rrId(cmd->add_option("--service", a->services,
+                       "Import only this service tag (tagId); repeat for more")
+           ->allow_extra_args(false));
   cmd->add_option("--tg-filter", a->tgFilter,
                   "Import only these talkgroups: analog,digital,mixed,tdma,encrypted,partial");
   cmd->add_option("--updated-days", a->updatedDays, "Only rows updated in the last N days")

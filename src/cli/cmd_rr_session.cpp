@@ -9,6 +9,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "cli/option_range.h"
 #include "core/settings.h"
 #include "formats/text_file.h"
 #include "platform/qt_http_transport.h"
@@ -63,6 +64,10 @@ std::string withSlash(std::string url) {
 
 }  // namespace
 
+CLI::Option* rrId(CLI::Option* option) {
+  return inRange(option, 1, 2147483647, "an id");
+}
+
 void addRROptions(CLI::App& cmd, RROptions& options) {
   cmd.add_option("--endpoint", options.endpoint,
                  "End point folder of the service (the description is read from it with "
@@ -73,8 +78,8 @@ void addRROptions(CLI::App& cmd, RROptions& options) {
   cmd.add_option("--app-key", options.appKey,
                  "Application key the service issued (stored in the settings once given)");
   cmd.add_option("--save-xml", options.saveXml, "Write the last raw XML reply to this file");
-  cmd.add_option("--timeout", options.timeoutMs, "Time-out of a request in milliseconds")
-      ->check(CLI::PositiveNumber);
+  inRange(cmd.add_option("--timeout", options.timeoutMs, "Time-out of a request in milliseconds"),
+          1, 3600000, "a number of milliseconds");
   cmd.add_flag("--debug", options.debug, "Trace the calls to soaplog.txt (never the password)");
   cmd.add_flag("--json", options.json, "Print JSON");
 }

@@ -29,6 +29,8 @@ struct RROptions {
 
 // Adds --endpoint, --user, --password-file, --app-key, --save-xml, --debug, --json.
 void addRROptions(CLI::App& cmd, RROptions& options);
+// A record id of the service (ctid, sid, scid, ...): a number from 1 up.
+CLI::Option* rrId(CLI::Option* option);
 
 class RRCliSession {
  public:

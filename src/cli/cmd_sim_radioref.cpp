@@ -8,6 +8,7 @@
 
 #include "cli/cmd_sim_common.h"
 #include "cli/command_registry.h"
+#include "cli/option_range.h"
 #include "sim/radioref_sim.h"
 
 namespace {
@@ -24,14 +25,15 @@ ZEL_COMMAND(62) {
   auto options = std::make_shared<zel::sim::RadioRefSimOptions>();
   auto* cmd = zel::cli::simNoun(app)->add_subcommand(
       "radioref", "Serve a simulated RadioReference web service; prints its end point first");
-  cmd->add_option("--port", options->port, "Port on 127.0.0.1 (0: any free port)")
-      ->check(CLI::Range(0, 65535))
-      ->capture_default_str();
+  zel::cli::inRange(cmd->add_option("--port", options->port, "Port on 127.0.0.1 (0: any free port)")
+                        ->capture_default_str(),
+                    0, 65535, "a port number");
   cmd->add_option("--data", options->dataDir,
                   "Folder of recorded replies to answer from for the ids they hold")
       ->check(CLI::ExistingDirectory);
-  cmd->add_option("--slow", options->slowMs, "Delay every reply by this many milliseconds")
-      ->check(CLI::NonNegativeNumber);
+  zel::cli::inRange(
+      cmd->add_option("--slow", options->slowMs, "Delay every reply by this many milliseconds"),
+      0, 600000, "a number of milliseconds");
   cmd->add_flag("--renamed", options->renamedWsdl,
                 "Serve the variant description: other namespace, soapActions and message names");
   cmd->callback([options] {

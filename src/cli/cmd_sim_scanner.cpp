@@ -6,6 +6,7 @@
 
 #include "cli/cmd_sim_common.h"
 #include "cli/command_registry.h"
+#include "cli/option_range.h"
 #include "sim/scanner_sim_pty.h"
 
 namespace {
@@ -29,33 +30,38 @@ struct SimScannerArgs {
 
 ZEL_COMMAND(61) {
   (void)context;
+  using zel::cli::inRange;
   auto args = std::make_shared<SimScannerArgs>();
   auto* cmd = zel::cli::simNoun(app)->add_subcommand(
       "scanner", "Run a simulated scanner on a pseudo-terminal; prints its device path first");
   cmd->add_option("--model", args->model, "Scanner model to play")
       ->check(CLI::IsMember(zel::sim::simScannerModels()))
       ->capture_default_str();
-  cmd->add_option("--seed", args->seed, "Seed of the scripted scan (same seed, same scan)")
-      ->capture_default_str();
+  inRange(cmd->add_option("--seed", args->seed, "Seed of the scripted scan (same seed, same scan)")
+              ->capture_default_str(),
+          0, 4294967295.0, "a seed");
   cmd->add_option("--list", args->list,
                   "Favorites file (.hpd) to scan instead of the built-in list")
       ->check(CLI::ExistingFile);
-  cmd->add_option("--activity", args->activity, "Share of channels that carry a transmission")
-      ->check(CLI::Range(0.0, 1.0))
-      ->capture_default_str();
-  cmd->add_option("--sweep-rate", args->sweepRate,
-                  "Steps a second of the custom search stream (the bandscope's data)")
-      ->check(CLI::Range(1, 100000))
-      ->capture_default_str();
-  cmd->add_option("--silent-after", args->faults.silentAfter,
-                  "Fault: stop answering this many seconds after the start");
-  cmd->add_option("--silent-for", args->faults.silentFor,
-                  "Fault: stay silent this many seconds (with --silent-after)")
-      ->check(CLI::NonNegativeNumber);
-  cmd->add_option("--garbage", args->faults.garbage, "Fault: share of replies sent as garbage")
-      ->check(CLI::Range(0.0, 1.0));
-  cmd->add_option("--cut", args->faults.cut, "Fault: share of replies cut in half")
-      ->check(CLI::Range(0.0, 1.0));
+  inRange(cmd->add_option("--activity", args->activity,
+                          "Share of channels that carry a transmission")
+              ->capture_default_str(),
+          0, 1, "a share");
+  inRange(cmd->add_option("--sweep-rate", args->sweepRate,
+                          "Steps a second of the custom search stream (the bandscope's data)")
+              ->capture_default_str(),
+          1, 100000, "a number of steps a second");
+  inRange(cmd->add_option("--silent-after", args->faults.silentAfter,
+                          "Fault: stop answering this many seconds after the start"),
+          0, zel::cli::kNoLimit, "a number of seconds");
+  inRange(cmd->add_option("--silent-for", args->faults.silentFor,
+                          "Fault: stay silent this many seconds (with --silent-after)"),
+          0, zel::cli::kNoLimit, "a number of seconds");
+  inRange(cmd->add_option("--garbage", args->faults.garbage,
+                          "Fault: share of replies sent as garbage"),
+          0, 1, "a share");
+  inRange(cmd->add_option("--cut", args->faults.cut, "Fault: share of replies cut in half"), 0, 1,
+          "a share");
   cmd->add_flag("--verbose", args->verbose, "Log every command and reply on stderr");
   cmd->callback([args] {
     zel::sim::ScannerSimOptions options;

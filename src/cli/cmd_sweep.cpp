@@ -15,6 +15,7 @@
 #include <optional>
 
 #include "cli/cmd_control_common.h"
+#include "cli/option_range.h"
 #include "core/memory_ports.h"
 #include "core/text.h"
 #include "platform/qt_serial_port.h"
@@ -280,17 +281,21 @@ void runSweep(const SweepArgs& a) {
 
 ZEL_COMMAND(73) {
   (void)context;
+  using zel::cli::inRange;
   auto args = std::make_shared<SweepArgs>();
   auto* cmd = app.add_subcommand(
       "sweep", "Sweep a frequency range with the scanner's custom search (the bandscope)");
   cmd->add_option("--port", args->port, "Serial port of the scanner (see zel ports)")->required();
+  // The scanners search from 25 to 1300 MHz.
+  const char* const mhzWord = "a frequency in MHz";
   auto* start =
-      cmd->add_option("--start", args->start, "Start of the range (MHz)")->check(CLI::Number);
-  auto* stop = cmd->add_option("--stop", args->stop, "End of the range (MHz)")->check(CLI::Number);
-  auto* center =
-      cmd->add_option("--center", args->center, "Centre of the range (MHz)")->check(CLI::Number);
-  auto* span =
-      cmd->add_option("--span", args->span, "Width of the range (MHz)")->check(CLI::Number);
+      inRange(cmd->add_option("--start", args->start, "Start of the range (MHz)"), 25, 1300, mhzWord);
+  auto* stop =
+      inRange(cmd->add_option("--stop", args->stop, "End of the range (MHz)"), 25, 1300, mhzWord);
+  auto* center = inRange(cmd->add_option("--center", args->center, "Centre of the range (MHz)"),
+                         25, 1300, mhzWord);
+  auto* span = zel::cli::aboveZero(cmd->add_option("--span", args->span, "Width of the range (MHz)"),
+                                   "a width in MHz");
   start->excludes(center)->excludes(span);
   stop->excludes(center)->excludes(span);
   cmd->add_option("--step", args->step, "Step in kHz: 5.0 6.25 7.50 8.33 10 12.5 15 20 25 50 100")
@@ -299,18 +304,19 @@ ZEL_COMMAND(73) {
   cmd->add_option("--mode", args->mode, "Modulation of the search")
       ->check(CLI::IsMember(modes))
       ->capture_default_str();
-  cmd->add_option("--slot", args->slot, "Custom search slot to program (0 to 9)")
-      ->check(CLI::Range(0, 9))
-      ->capture_default_str();
-  auto* sweeps = cmd->add_option("--sweeps", args->sweeps, "Stop after this many sweeps")
-                     ->check(CLI::PositiveNumber);
-  auto* seconds = cmd->add_option("--seconds", args->seconds, "Stop after this many seconds")
-                      ->check(CLI::PositiveNumber);
+  inRange(cmd->add_option("--slot", args->slot, "Custom search slot to program (0 to 9)")
+              ->capture_default_str(),
+          0, 9, "a slot number");
+  auto* sweeps = inRange(cmd->add_option("--sweeps", args->sweeps, "Stop after this many sweeps"),
+                         1, 9999999, "a number of sweeps");
+  auto* seconds = zel::cli::aboveZero(
+      cmd->add_option("--seconds", args->seconds, "Stop after this many seconds"),
+      "a number of seconds");
   sweeps->excludes(seconds);
-  cmd->add_option("--threshold", args->threshold,
+  inRange(cmd->add_option("--threshold", args->threshold,
                   "Count a level at or above this as a hit even with the squelch closed "
-                  "(needed on an SDS, whose frames have no squelch flag)")
-      ->check(CLI::NonNegativeNumber);
+                  "(needed on an SDS, whose frames have no squelch flag)"),
+          0, zel::cli::kNoLimit, "a level");
   cmd->add_option("--csv", args->csv, "Write the levels of every sweep and bin (or the hits)");
   cmd->add_option("--waterfall", args->waterfall, "Write the waterfall picture (PNG)");
   cmd->add_option("--stats", args->stats, "Write the statistics list (CSV)");

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/command_registry.h"
+#include "cli/window_hints.h"
 #include "platform/qt_settings_store.h"
 
 namespace zel::cli {
@@ -23,11 +24,24 @@ void CommandRegistry::add(int order, Registrar registrar) {
   registrars().emplace_back(order, std::move(registrar));
 }
 
+namespace {
+// A repeatable option takes one value each time (--root A --root B), so that it never swallows
+// the file that follows it: every named option that collects values is made so, in every
+// command, once all commands are registered.
+void oneValueEachTime(CLI::App& app) {
+  for (CLI::Option* opt : app.get_options()) {
+    if (!opt->get_positional() && opt->get_expected_max() > 1) opt->allow_extra_args(false);
+  }
+  for (CLI::App* sub : app.get_subcommands({})) oneValueEachTime(*sub);
+}
+}  // namespace
+
 void CommandRegistry::registerAll(CLI::App& app, Context& context) {
   auto& list = registrars();
   std::stable_sort(list.begin(), list.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });
   for (auto& [order, fn] : list) fn(app, context);
+  oneValueEachTime(app);
 }
 
 SettingsStore& Context::settings() {
@@ -49,16 +63,6 @@ std::string Context::dataFolder() {
 }
 
 namespace {
-// A repeatable option takes one value each time (--root A --root B), so that it never swallows
-// the file that follows it: every named option that collects values is made so, in every
-// command, once all commands are registered.
-void oneValueEachTime(CLI::App& app) {
-  for (CLI::Option* opt : app.get_options()) {
-    if (!opt->get_positional() && opt->get_expected_max() > 1) opt->allow_extra_args(false);
-  }
-  for (CLI::App* sub : app.get_subcommands({})) oneValueEachTime(*sub);
-}
-
 // A mistyped verb or noun: the words given are followed down the commands, and the first word
 // that names no command where one is due is refused with the commands that may stand there.
 // Returns the sentence to print, or nothing when every word names a command.
@@ -110,7 +114,6 @@ int main(int argc, char** argv) {
   app.add_option("--settings", context.settingsFile,
                  "Settings file (INI) to use instead of your own settings");
   zel::cli::CommandRegistry::registerAll(app, context);
-  zel::cli::oneValueEachTime(app);
 
   if (std::string unknown = zel::cli::unknownCommand(app, argc, argv); !unknown.empty()) {
     std::cerr << unknown << '\n';
@@ -129,6 +132,7 @@ int main(int argc, char** argv) {
     return 2;
   } catch (const zel::cli::UserError& e) {
     if (!e.message.empty()) std::cerr << e.message << '\n';
+    if (std::string hint = zel::cli::windowHint(e.message); !hint.empty()) std::cerr << hint << '\n';
     return e.code;
   }
   if (auto* s = dynamic_cast<zel::QtSettingsStore*>(&context.settings())) s->flush();

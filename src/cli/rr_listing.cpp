@@ -92,4 +92,13 @@ void printJson(std::ostream& out, const Listing& listing) {
   out << '\n';
 }
 
+void printJsonArray(std::ostream& out, const std::vector<Listing>& items) {
+  out << '[';
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (i) out << ',';
+    printJsonTo(out, items[i]);
+  }
+  out << "]\n";
+}
+
 }  // namespace zel::cli

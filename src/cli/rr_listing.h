@@ -46,5 +46,7 @@ struct Listing::List {
 
 void printPlain(std::ostream& out, const Listing& listing, int indent = 0);
 void printJson(std::ostream& out, const Listing& listing);
+// A list of records as one JSON array on a line: "[{...},{...}]".
+void printJsonArray(std::ostream& out, const std::vector<Listing>& items);
 
 }  // namespace zel::cli

@@ -114,7 +114,8 @@ TEST_F(SweepE2E, RefusalsAndUsage) {
   const Case cases[] = {
       {{"--start", "144", "--stop", "144.1125", "--step", "12.5"},
        1,
-       "Search range is too small (9), please increase range or select smaller step.\n"},
+       "Search range is too small (9), please increase range or select smaller step.\n"
+       "On the command line: widen --start and --stop (or --span), or give a smaller --step.\n"},
       {{"--start", "148", "--stop", "144", "--step", "12.5"}, 1, "Error, check frequency range\n"},
       {{"--start", "144", "--stop", "148", "--step", "11"}, 2, ""},
       {{"--start", "144", "--span", "4", "--step", "12.5"}, 2, ""},
