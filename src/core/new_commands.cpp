@@ -43,14 +43,19 @@ const SystemTemplate* findSystemTemplate(std::string_view command) {
 }
 
 std::string conventionalSystemLine() {
-  // Fields 8 to 12 empty, 13 the number tag, 14 to 22 options, 23 the file number.
+  // Fields 8 to 12 empty, 13 the quick key, 14 the number tag, 15 the hold time, 16 and 17
+  // unused, 18 and 19 the two AGC switches, 20 to 22 the digital waiting time, threshold
+  // mode and level, 23 the file number: where a read of a scanner's file puts them.
   return "SIN,Conventional,0,StateId=0,New System,Off,,Conventional,,,,,,None,"
-         "Off,Off,0,Off,Off,400,Auto,8,,";
+         "Off,0,,,Off,Off,400,Auto,8,";
 }
 
 std::string trunkSystemLine(const SystemTemplate& t) {
+  // 8 ID search, 9 emergency alert, 10 alert level, 11 status bit, 12 search mode, 13 quick
+  // key, 14 number tag, 15 hold time, 16 priority ID scan, 17 end code, 18 and 19 the AGC
+  // switches, 20 to 22 unused, 23 the file number: where a read of a scanner's file puts them.
   return "SIN," + t.label + ",0,StateId=0," + t.name + ",Off,," + t.typeWord +
-         ",0,Off,Auto,0,Search,None,None,0,Off,Off,Analog,Off,Off,On,,";
+         ",0,Off,Auto,0,Search,None,Off,0,Off,Analog,Off,Off,,,,";
 }
 
 std::string siteLine(bool x36Mode, bool rebanded) {

@@ -305,7 +305,8 @@ std::string buildTrunkLine(std::string_view sin, const BuildContext& c) {
        << s[10] << (isOn(s[11]) || s[11] == "Yes" ? "Yes" : "Ignore") << searchMode
        << tagWord(s[13]);
   if (c.level == HpdLevel::V3) {
-    line << s[14] << s[15] << onOff(s[18]) << onOff(s[19]) << s[17] << onOff(s[16]) << "Off"
+    const std::string_view endCode = s[17] == "Analog and Digital" ? "Analog+Digital" : s[17];
+    line << s[14] << s[15] << onOff(s[18]) << onOff(s[19]) << endCode << onOff(s[16]) << "Off"
          << "On";
   }
   return out;

@@ -19,28 +19,39 @@ void stripPrefix(std::string& field, std::string_view prefix, bool ignoreCase = 
   if (ignoreCase ? iequals(head, prefix) : head == prefix) field.erase(0, prefix.size());
 }
 
-// The switches of a system line are held as "1" and "0". The name is left as the user
-// wrote it, and the last field keeps its word: in the line it has no comma behind it.
-void switchesToDigits(std::vector<std::string>& f, std::size_t nameField, bool trunked) {
-  if (f.size() < 3) return;
-  for (std::size_t i = 1; i + 1 < f.size(); ++i) {
-    if (i == nameField) continue;
-    std::string_view v = f[i];
-    std::string_view to;
-    if (v == "On") {
-      to = "1";
-    } else if (v == "Off") {
-      to = "0";
-    } else if (trunked && v == "Yes") {
-      to = "1";
-    } else if (trunked && v == "Srch") {
-      to = "Search";
-    } else if (trunked && v == "Analog+Digital") {
-      to = "Analog and Digital";
-    } else {
-      continue;
-    }
-    f[i] = std::string(to);
+// The switches of a system line are held as "1" and "0", and a few words in the forms the
+// system's pane shows. Only the positions that the writer turns back into words change: every
+// other field keeps its text, so that a save writes it as it was read. Positions count the
+// line's own fields, the type word as 0.
+enum class Switch { OnOff, OnOffYes, SearchWord, EndCode };
+
+struct SwitchPosition {
+  std::size_t position;
+  Switch kind;
+};
+
+// Trunk: avoid, ID search, status bit ("Yes"), search mode ("Srch"), the three switches of
+// level 3 and the end code.
+constexpr SwitchPosition kTrunkSwitches[] = {
+    {4, Switch::OnOff},  {7, Switch::OnOff},   {10, Switch::OnOffYes}, {11, Switch::SearchWord},
+    {15, Switch::OnOff}, {16, Switch::OnOff},  {17, Switch::EndCode},  {18, Switch::OnOff},
+};
+
+void toRecordWord(std::string& value, Switch kind) {
+  switch (kind) {
+    case Switch::OnOffYes:
+      if (value == "Yes") value = "1";
+      [[fallthrough]];
+    case Switch::OnOff:
+      if (value == "On") value = "1";
+      if (value == "Off") value = "0";
+      return;
+    case Switch::SearchWord:
+      if (value == "Srch") value = "Search";
+      return;
+    case Switch::EndCode:
+      if (value == "Analog+Digital") value = "Analog and Digital";
+      return;
   }
 }
 
@@ -133,7 +144,11 @@ SystemRecord LineReaders::conventional(std::string_view line) {
     // Level 2 files of this system carry "CountyID=" with a capital D.
     stripPrefix(f[i], "CountyId=", true);
   }
-  switchesToDigits(f, 4, false);
+  // Avoid and the two switches of level 3 (file positions 4, 10, 11); the number tag has
+  // its own rule.
+  for (std::size_t i : {5, 16, 17}) {
+    if (i < f.size()) toRecordWord(f[i], Switch::OnOff);
+  }
 
   SystemRecord r;
   r.name = at(f, 4);
@@ -165,7 +180,9 @@ SystemRecord LineReaders::trunk(std::string_view line) {
     stripPrefix(f[i], "TrunkId=");
     stripPrefix(f[i], "AgencyId=");
   }
-  switchesToDigits(f, 3, true);
+  for (const SwitchPosition& p : kTrunkSwitches) {
+    if (p.position < f.size()) toRecordWord(f[p.position], p.kind);
+  }
 
   SystemRecord r;
   r.kind = systemKindFromWord(word);

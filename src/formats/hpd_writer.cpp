@@ -5,6 +5,9 @@
 //     UnitIds        one a unit ID of the UID- node
 //     Site           per SIT- child, then BandPlan_Mot when due, then its T-Freq lines
 //     T-Group        per GRP- child, then its page rows as TGID lines
+//
+// Within a trunked system the kinds go in this order whatever the tree's order: a site added
+// after a department is still written before every department.
 //   Conventional     area lines or DQKs_Status as above
 //     C-Group        per GRP- child, then its page rows as C-Freq lines
 //
@@ -12,6 +15,7 @@
 // moment of writing, so two saves can differ in them when nodes were added in between.
 #include "formats/hpd_writer.h"
 
+#include <cerrno>
 #include <filesystem>
 
 #include "core/keys.h"
@@ -118,19 +122,21 @@ void Walk::trunked(NodeId system) {
     line(buildFleetMapLine(
         treemod::getText(tree_, keys::fleetMap(keys::systemOf(tree_.key(system)))), number));
   }
-  for (NodeId child = tree_.child(system); child != kNoNode; child = tree_.next(child)) {
-    const std::string& key = tree_.key(child);
-    if (startsWith(key, "UID-")) {
-      where("System \"" + systemName_ + "\", unit IDs");
-      for (NodeId unit = tree_.child(child); unit != kNoNode; unit = tree_.next(unit)) {
-        if (startsWith(tree_.key(unit), "UDD-")) line(buildUnitIdLine(tree_.text(unit), context_));
-      }
-    } else if (startsWith(key, "SIT-")) {
-      site(child, number, word, nxdn);
-    } else if (startsWith(key, "GRP-")) {
-      department(child, true, number);
+  // Unit IDs, then every site with its band plan and frequencies, then the departments,
+  // whatever order the tree holds them in: the scanner's files are laid out so.
+  auto children = [&](std::string_view prefix, auto&& fn) {
+    for (NodeId child = tree_.child(system); child != kNoNode; child = tree_.next(child)) {
+      if (startsWith(tree_.key(child), prefix)) fn(child);
     }
-  }
+  };
+  children("UID-", [&](NodeId head) {
+    where("System \"" + systemName_ + "\", unit IDs");
+    for (NodeId unit = tree_.child(head); unit != kNoNode; unit = tree_.next(unit)) {
+      if (startsWith(tree_.key(unit), "UDD-")) line(buildUnitIdLine(tree_.text(unit), context_));
+    }
+  });
+  children("SIT-", [&](NodeId site) { this->site(site, number, word, nxdn); });
+  children("GRP-", [&](NodeId group) { department(group, true, number); });
 }
 
 void Walk::conventional(NodeId system) {
@@ -231,10 +237,12 @@ HpdWriteResult writeHpd(Document& doc, const RowStore& rows, const std::string& 
   result.path = options.uniqueName ? uniquePath(path) : path;
   std::string text = renderHpd(doc, rows, options, feedback, result);
 
-  WriteStatus written = writeFileAtomically(result.path, text);
+  WriteStatus written = writeFileAtomically(result.path, text, KeepBackup::OncePerSession);
   if (!written.ok) {
     result.status = HpdWriteStatus::WriteError;
-    result.message = std::string(kSaveError) + result.path;
+    // A target the user may not write is refused in a sentence of its own.
+    result.message = written.error == EACCES ? written.message
+                                             : std::string(kSaveError) + result.path;
     feedback.message(result.message);
     return result;
   }
@@ -251,7 +259,13 @@ HpdWriteResult writeHpd(Document& doc, const RowStore& rows, const std::string& 
     if (!options.toScanner && doc.x36Mode) {
       HpiAttributes attributes;
       for (int c = 0; c < OpenFileTable::kColumns; ++c) attributes[c] = files.get(index, c);
-      writeHpi(hpiPathFor(result.path), attributes);
+      const std::string hpiPath = hpiPathFor(result.path);
+      const WriteStatus companion = writeHpi(hpiPath, attributes);
+      if (!companion.ok) {
+        result.companionError = result.path + " was written, but its companion " + hpiPath +
+                                " was not: " + companion.description + ".";
+        feedback.message(result.companionError);
+      }
     }
     result.fileStatus = files.get(index, 0) + "\t" + files.get(index, 1) + "\t" +
                         files.get(index, 2) + "\t" + files.get(index, 3);

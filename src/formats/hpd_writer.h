@@ -2,8 +2,9 @@
 // system, or all systems. In the x36-family mode it writes level 3 with its ".hpi"
 // companion; otherwise level 2.
 //
-// The file is written to a temporary name beside the target and renamed over it only when
-// complete. The walk itself changes the document in two ways the scanner needs: a trunked
+// The file is written through writeFileAtomically: a unique temporary name beside the
+// target, renamed over it only when complete; the first save of a run over an existing file
+// keeps that file as "<name>.bak". The walk itself changes the document in two ways the scanner needs: a trunked
 // system without a number gets 2, and a custom site without a band plan gets the default one.
 #pragma once
 
@@ -45,6 +46,8 @@ struct HpdWriteResult {
   HpdLevel level = HpdLevel::V3;
   int systems = 0;         // systems written
   std::string fileStatus;  // columns 0 to 3 of the open-file record, TAB-joined
+  // The list was written but its ".hpi" companion was not: one sentence, shown as a message.
+  std::string companionError;
   bool ok() const { return status == HpdWriteStatus::Ok; }
 };
 

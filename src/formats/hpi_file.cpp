@@ -36,8 +36,8 @@ std::string formatHpi(const HpiAttributes& attributes) {
   return out;
 }
 
-bool writeHpi(const std::string& hpiPath, const HpiAttributes& attributes) {
-  return writeFileAtomically(hpiPath, formatHpi(attributes)).ok;
+WriteStatus writeHpi(const std::string& hpiPath, const HpiAttributes& attributes) {
+  return writeFileAtomically(hpiPath, formatHpi(attributes), KeepBackup::OncePerSession);
 }
 
 }  // namespace zel::formats

@@ -13,6 +13,8 @@
 #include <optional>
 #include <string>
 
+#include "formats/atomic_file.h"
+
 #include "core/tables.h"
 
 namespace zel::formats {
@@ -29,6 +31,6 @@ std::string hpiPathFor(const std::string& hpdPath);
 std::optional<HpiAttributes> readHpi(const std::string& hpiPath);
 // The file's text, CR LF ended.
 std::string formatHpi(const HpiAttributes& attributes);
-bool writeHpi(const std::string& hpiPath, const HpiAttributes& attributes);
+WriteStatus writeHpi(const std::string& hpiPath, const HpiAttributes& attributes);
 
 }  // namespace zel::formats

@@ -49,8 +49,9 @@ TEST(SystemLines, ConventionalIsRebuiltWithTheFileNumberInField23) {
   LineReaders r(HpdLevel::V3, true, 7);
   SystemRecord s =
       r.conventional("Conventional,,,Federal,Off,,Conventional,Off,Off,0,Off,On,400,Auto,8");
+  // Only the switches the writer turns back into words become digits; the rest keep their text.
   EXPECT_EQ(s.text,
-            "SIN,Conventional,,,Federal,0,,Conventional,,,,,,None,0,0,,,0,1,400,Auto,8,007");
+            "SIN,Conventional,,,Federal,0,,Conventional,,,,,,None,Off,0,,,0,1,400,Auto,8,007");
   EXPECT_EQ(s.name, "Federal");
   EXPECT_EQ(s.kind.type, 0);
   // A number tag is kept and the id words dropped.
@@ -67,7 +68,7 @@ TEST(SystemLines, TrunkFieldsLandWhereTheWriterLooksForThem) {
       "Trunk,TrunkId=77,,Name,On,,Motorola,On,Off,Auto,Yes,Srch,5,None,0,On,Off,"
       "Analog+Digital,On,Off,On");
   EXPECT_EQ(s.text,
-            "SIN,Motorola,77,,Name,1,,Motorola,1,0,Auto,1,Search,5,None,0,1,Analog and Digital,1,"
+            "SIN,Motorola,77,,Name,1,,Motorola,1,Off,Auto,1,Search,5,None,0,1,Analog and Digital,1,"
             "0,,,,003");
   EXPECT_EQ(s.kind.type, 1);
 }
@@ -88,7 +89,7 @@ TEST(SystemLines, TrunkLabelsFollowTheTypeWord) {
 TEST(SystemLines, LevelOneTrunkIsCompletedAndNotRebuiltOutsideTheFamilyMode) {
   LineReaders r(HpdLevel::V1, false, 1);
   EXPECT_EQ(r.trunk("Trunk,,,Old,Off,,Motorola").text,
-            "SIN,Motorola,,,Old,0,,Motorola,0,0,Auto,0,Search");
+            "SIN,Motorola,,,Old,0,,Motorola,0,Off,Auto,0,Search");
 }
 
 TEST(SiteLines, WordsOfTheFileBecomeTheWordsOfTheRecord) {

@@ -298,7 +298,7 @@ TEST(HpdReader, CompanionFileFillsTheOpenFileRecord) {
   test::spit(path, hpdFile({"Conventional|||A|Off||Conventional"}));
   HpiAttributes attributes;
   for (int i = 0; i < 12; ++i) attributes[i] = "col" + std::to_string(i);
-  ASSERT_TRUE(writeHpi(hpiPathFor(path), attributes));
+  ASSERT_TRUE(writeHpi(hpiPathFor(path), attributes).ok);
 
   HpdReadOptions o = Scratch::defaultRead();
   o.fileIndex = 4;
@@ -319,7 +319,7 @@ TEST(HpdReader, CardListsAndScannerFilesSkipTheCompanion) {
   test::spit(path, hpdFile({"Conventional|||A|Off||Conventional"}));
   HpiAttributes attributes;
   attributes[2] = "From companion";
-  ASSERT_TRUE(writeHpi(hpiPathFor(path), attributes));
+  ASSERT_TRUE(writeHpi(hpiPathFor(path), attributes).ok);
   HpdReadOptions o = Scratch::defaultRead();
   o.fromScanner = true;
   ASSERT_TRUE(s.readFile(path, o).ok());

@@ -201,15 +201,25 @@ TEST(HpdWriter, UniqueNamesAddAnUnderscore) {
 TEST(HpdWriter, AFailedSaveLeavesTheOldFileWhole) {
   Scratch s;
   ASSERT_TRUE(s.read(kMotorola).ok());
-  // The temporary name beside the target is taken by a folder, so the save cannot start.
-  const std::string path = s.dir.file("old.hpd");
-  test::spit(path, "the user's file");
-  std::filesystem::create_directory(path + ".zeltmp");
-  HpdWriteResult r = writeHpd(s.doc, s.pages, path, {}, s.feedback);
-  EXPECT_EQ(r.status, HpdWriteStatus::WriteError);
-  EXPECT_EQ(r.message, "There was an error saving this file: " + path);
-  EXPECT_EQ(test::slurp(path), "the user's file");
-  EXPECT_EQ(s.feedback.messages.back(), r.message);
+  const std::string readOnly = s.dir.file("old.hpd");
+  test::spit(readOnly, "the user's file");
+  std::filesystem::permissions(readOnly, std::filesystem::perms::owner_read);
+  struct Case {
+    std::string path;
+    std::string message;
+  };
+  const Case cases[] = {
+      {readOnly, readOnly + " is read-only; it was left as it was."},
+      {s.dir.file("gone/new.hpd"),
+       "There was an error saving this file: " + s.dir.file("gone/new.hpd")},
+  };
+  for (const Case& c : cases) {
+    HpdWriteResult r = writeHpd(s.doc, s.pages, c.path, {}, s.feedback);
+    EXPECT_EQ(r.status, HpdWriteStatus::WriteError);
+    EXPECT_EQ(r.message, c.message);
+    EXPECT_EQ(s.feedback.messages.back(), r.message);
+  }
+  EXPECT_EQ(test::slurp(readOnly), "the user's file");
 }
 
 TEST(HpdWriter, ScannerTargetsUseColumnElevenAndNoCompanion) {
