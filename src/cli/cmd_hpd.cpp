@@ -1,7 +1,7 @@
 // zel hpd: favorites files without a window.
 //   zel hpd info FILE [--json]   what a file holds, and one line per system
 //   zel hpd convert IN OUT       read IN into a fresh document and save it as OUT
-//   zel hpd check FILE           lines a read passes over, values a save would change
+//   zel hpd check FILE [--json]  lines a read passes over, every change a save would make
 //
 // Each command works on a document of its own whose rows stay in memory, so it never
 // touches the page files of a running desktop session.
@@ -98,19 +98,25 @@ ZEL_COMMAND(30) {
     options.fileIndex = 1;
     HpdWriteResult written = writeHpd(doc, rows, convert->out, options, quiet);
     if (!written.ok()) throw cli::UserError{written.message};
+    if (!written.companionError.empty()) throw cli::UserError{written.companionError};
     std::cout << "Wrote " << written.path << ": " << written.systems << " systems\n";
   });
 
-  auto checkFile = std::make_shared<std::string>();
-  auto* checkCmd =
-      hpd->add_subcommand("check", "Lines a read skips and values a save would move to a default");
-  checkCmd->add_option("FILE", *checkFile, "The .hpd file")->required();
-  checkCmd->callback([checkFile] {
+  struct CheckArgs {
+    std::string file;
+    bool json = false;
+  };
+  auto check = std::make_shared<CheckArgs>();
+  auto* checkCmd = hpd->add_subcommand(
+      "check", "Lines a read skips and every change a save would make, by line type and field");
+  checkCmd->add_option("FILE", check->file, "The .hpd file")->required();
+  checkCmd->add_flag("--json", check->json, "Print a JSON object");
+  checkCmd->callback([check] {
     Document doc;
     MemoryRows rows;
     RecordingFeedback quiet;
-    HpdCheck check = checkHpd(doc, rows, *checkFile, quiet);
-    if (!check.read.ok()) throw cli::UserError{check.read.message};
-    std::cout << formatCheck(check);
+    HpdCheck result = checkHpd(doc, rows, check->file, quiet);
+    if (!result.read.ok()) throw cli::UserError{result.read.message};
+    std::cout << (check->json ? formatCheckJson(check->file, result) : formatCheck(result));
   });
 }

@@ -1,10 +1,12 @@
 #include "formats/hpd_check.h"
 
 #include <cstdio>
+#include <optional>
 
 #include "core/keys.h"
 #include "core/record_line.h"
 #include "formats/hpd_writer.h"
+#include "formats/text_file.h"
 
 namespace zel::formats {
 
@@ -56,14 +58,21 @@ HpdCheck checkHpd(Document& doc, RowStore& rows, const std::string& path, Feedba
   HpdCheck check;
   HpdReadOptions options;
   options.fileIndex = 1;
-  check.read = readHpd(doc, rows, path, options, feedback);
+  const std::optional<std::string> text = readWholeFile(path);
+  if (!text) {
+    check.read = readHpd(doc, rows, path, options, feedback);  // says why it cannot
+    return check;
+  }
+  check.read = readHpdText(doc, rows, *text, path, options, feedback);
   if (!check.read.ok()) return check;
-  if (doc.data.empty()) return check;
-  HpdWriteOptions writeOptions;
-  writeOptions.fileIndex = 1;
-  writeOptions.audit = &check.audit;
-  HpdWriteResult ignored;
-  renderHpd(doc, rows, writeOptions, feedback, ignored);
+  if (!doc.data.empty()) {
+    HpdWriteOptions writeOptions;
+    writeOptions.fileIndex = 1;
+    writeOptions.audit = &check.audit;
+    HpdWriteResult ignored;
+    check.written = renderHpd(doc, rows, writeOptions, feedback, ignored);
+  }
+  check.changes = diffSave(*text, check.written);
   return check;
 }
 
@@ -75,23 +84,21 @@ std::string formatCheck(const HpdCheck& check) {
   for (const SkippedLine& s : read.skipped) {
     out += "  line " + std::to_string(s.lineNumber) + ": " + s.reason + ": " + s.text + "\n";
   }
-  if (!read.notKept.empty()) {
-    out += "Lines of the format that a read does not keep:";
-    for (const auto& [word, count] : read.notKept) out += " " + word + " " + std::to_string(count);
-    out += "\n";
+  out += "Lines a save changes: " + std::to_string(check.changes.linesChanged) + "\n";
+  out += formatSaveDiff(check.changes);
+  return out;
+}
+
+std::string formatCheckJson(const std::string& path, const HpdCheck& check) {
+  std::string out = "{\"file\":" + jsonString(path) +
+                    ",\"lines\":" + std::to_string(check.read.counts.lines) + ",\"skipped\":[";
+  for (std::size_t i = 0; i < check.read.skipped.size(); ++i) {
+    const SkippedLine& s = check.read.skipped[i];
+    if (i) out += ",";
+    out += "{\"line\":" + std::to_string(s.lineNumber) + ",\"reason\":" + jsonString(s.reason) +
+           ",\"text\":" + jsonString(s.text) + "}";
   }
-  out += "Values a save moves to a default: " + std::to_string(check.audit.moved.size()) + "\n";
-  for (const WriteNote& n : check.audit.moved) {
-    out += "  " + n.where + ": " + n.field + " \"" + n.from + "\" -> \"" + n.to + "\"\n";
-  }
-  if (!check.audit.filled.empty()) {
-    out += "Empty values a save fills with a default:\n";
-    for (const auto& [field, values] : check.audit.filled) {
-      for (const auto& [value, count] : values) {
-        out += "  " + field + ": " + std::to_string(count) + " x \"" + value + "\"\n";
-      }
-    }
-  }
+  out += "],\"changes\":" + saveDiffJson(check.changes) + "}\n";
   return out;
 }
 

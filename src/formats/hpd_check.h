@@ -1,5 +1,5 @@
 // What a user wants to know of a favorites file before trusting a save: what it holds, the
-// lines the reader passes over, and the values a save would move to a default.
+// lines the reader passes over, and every change a save would make to its lines.
 #pragma once
 
 #include <string>
@@ -10,6 +10,7 @@
 #include "core/ports.h"
 #include "formats/hpd_line_builders.h"
 #include "formats/hpd_reader.h"
+#include "formats/hpd_save_diff.h"
 
 namespace zel::formats {
 
@@ -25,14 +26,17 @@ std::vector<HpdSystemInfo> systemsRead(const Document& doc, const HpdReadResult&
 struct HpdCheck {
   HpdReadResult read;
   WriteAudit audit;
+  std::string written;  // the bytes a save (zel hpd convert) writes
+  SaveDiff changes;     // the file's lines against `written`
 };
 
-// Reads the file into `doc` (a fresh document is meant) and renders a save into memory with
-// an audit. Nothing is written but the rows of `rows`.
+// Reads the file into `doc` (a fresh document is meant), renders a save into memory with an
+// audit, and compares the file with it. Nothing is written but the rows of `rows`.
 HpdCheck checkHpd(Document& doc, RowStore& rows, const std::string& path, Feedback& feedback);
 
-// The plain text report of a check.
+// The plain text report of a check, and the same as one JSON object.
 std::string formatCheck(const HpdCheck& check);
+std::string formatCheckJson(const std::string& path, const HpdCheck& check);
 
 // The counts and systems of a read as plain text lines and as a JSON object.
 std::string formatInfo(const std::string& path, const HpdReadResult& read,

@@ -11,6 +11,7 @@
 #include "core/record_line.h"
 #include "core/text.h"
 #include "formats/hpd_check.h"
+#include "formats/hpd_save_diff.h"
 #include "formats/text_file.h"
 #include "formats_test_support.h"
 
@@ -126,6 +127,102 @@ TEST(RealHpdCheck, TheLargestStateFileNeedsNoLineSkippedAndFewValuesMoved) {
   EXPECT_EQ(check.audit.filled.at("Delay Time").at("2"), 12515 + 11764);
   const std::string report = formatCheck(check);
   EXPECT_NE(report.find("Skipped lines: 0\n"), std::string::npos);
+}
+
+// The lines of each type of a file, in order.
+std::map<std::string, std::vector<std::string>> linesByType(const std::string& text) {
+  std::map<std::string, std::vector<std::string>> out;
+  forEachLine(text, [&](std::string_view line) {
+    if (!trimView(line).empty()) out[std::string(line.substr(0, line.find('\t')))].emplace_back(line);
+  });
+  return out;
+}
+
+// Compares a file with what a convert wrote, the n-th line of a type with the n-th: differing
+// fields by "type field", and lines by type that one side has more of.
+struct PlainDiff {
+  std::map<std::string, int> fields;
+  std::map<std::string, int> moreLines;  // written minus original
+};
+PlainDiff plainDiff(const std::string& original, const std::string& written) {
+  PlainDiff d;
+  auto before = linesByType(original);
+  auto after = linesByType(written);
+  for (auto& [type, lines] : before) d.moreLines[type] -= static_cast<int>(lines.size());
+  for (auto& [type, lines] : after) d.moreLines[type] += static_cast<int>(lines.size());
+  for (auto& [type, lines] : before) {
+    const auto& other = after[type];
+    for (std::size_t i = 0; i < std::min(lines.size(), other.size()); ++i) {
+      const auto a = splitView(lines[i], '\t');
+      const auto b = splitView(other[i], '\t');
+      for (std::size_t f = 1; f < std::max(a.size(), b.size()); ++f) {
+        const std::string_view x = f < a.size() ? a[f] : "";
+        const std::string_view y = f < b.size() ? b[f] : "";
+        if (x != y) ++d.fields[type + " " + std::to_string(f)];
+      }
+    }
+  }
+  std::erase_if(d.moreLines, [](const auto& entry) { return entry.second == 0; });
+  return d;
+}
+
+// A convert of the file, written to the disk as `zel hpd convert` does.
+std::string convertOnDisk(const std::string& path) {
+  test::Scratch s;
+  EXPECT_TRUE(s.readFile(path).ok());
+  HpdWriteOptions options;
+  options.fileIndex = 1;
+  EXPECT_TRUE(writeHpd(s.doc, s.pages, s.dir.file("out.hpd"), options, s.feedback).ok());
+  return test::slurp(s.dir.file("out.hpd"));
+}
+
+TEST(RealHpdCheck, TheCheckCountsWhatADiffOfTheConvertShows) {
+  for (const char* file : {"/card_sds200/BCDx36HP/HPDB/s_000006.hpd",
+                           "/card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd",
+                           "/card_sds200/BCDx36HP/favorites_lists/f_000001.hpd"}) {
+    const std::string path = kRoot + file;
+    test::Scratch s;
+    MemoryRows rows;
+    const HpdCheck check = checkHpd(s.doc, rows, path, s.feedback);
+    ASSERT_TRUE(check.read.ok());
+    const std::string converted = convertOnDisk(path);
+    EXPECT_TRUE(check.written == converted) << file;
+    const PlainDiff want = plainDiff(test::slurp(path), converted);
+
+    PlainDiff got;
+    for (const FieldChange& f : check.changes.fields) {
+      if (f.kind != FieldChangeKind::TailDropped) got.fields[f.lineType + " " + std::to_string(f.field)] += f.count;
+    }
+    for (const LineChange& l : check.changes.lines) got.moreLines[l.lineType] = l.added ? l.count : -l.count;
+    EXPECT_EQ(got.fields, want.fields) << file;
+    EXPECT_EQ(got.moreLines, want.moreLines) << file;
+  }
+}
+
+TEST(RealHpdCheck, TheStateFileReportNamesItsLossesWithTheirCounts) {
+  const std::string path = kRoot + "/card_sds200/BCDx36HP/HPDB/s_000006.hpd";
+  test::Scratch s;
+  MemoryRows rows;
+  const HpdCheck check = checkHpd(s.doc, rows, path, s.feedback);
+  const SaveDiff& d = check.changes;
+  EXPECT_EQ(d.lineCount("AreaState", false), 689);
+  EXPECT_EQ(d.lineCount("AreaCounty", false), 854);
+  EXPECT_EQ(d.lineCount("DQKs_Status", true), 317 + 372);
+  EXPECT_EQ(d.fieldCount("C-Freq", 1, FieldChangeKind::IdEmptied), 12515);
+  EXPECT_EQ(d.fieldCount("TGID", 1, FieldChangeKind::IdEmptied), 11764);
+  EXPECT_EQ(d.fieldCount("C-Freq", 7, FieldChangeKind::Emptied), 2);  // DCS codes off the list
+  EXPECT_EQ(d.fieldCount("C-Freq", 10, FieldChangeKind::Filled), 12515);
+  EXPECT_EQ(d.fieldCount("Site", 1, FieldChangeKind::IdNumbered), 725);
+}
+
+TEST(RealHpdCheck, AConvertOfTheBcd536ListKeepsEverySystemLine) {
+  const std::string path = kRoot + "/card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd";
+  auto before = linesByType(test::slurp(path));
+  auto after = linesByType(convertOnDisk(path));
+  for (const char* type : {"Trunk", "Conventional", "TargetModel", "FormatVersion"}) {
+    EXPECT_EQ(after[type], before[type]) << type;
+  }
+  EXPECT_EQ(before["Conventional"].size(), 2u);
 }
 
 }  // namespace
