@@ -111,6 +111,7 @@ ZEL_COMMAND(44) {
   auto yes = std::make_shared<bool>(false);
   listNumber(cmd->add_option("N", *number, "Number of the list, as in f_00000N.hpd")->required());
   cmd->add_flag("--yes", *yes, "Confirm that the list's data may be lost");
+  cmd->add_flag("--json", args->json, "Print the number of the list deleted as JSON");
   cmd->callback([args, number, yes, &context] {
     if (!*yes) {
       throw UserError{
@@ -119,6 +120,10 @@ ZEL_COMMAND(44) {
     }
     auto card = openCard(context, args->roots);
     zel::cli::fail(card.deleteList(*number));
+    if (args->json) {
+      zel::cli::printJson(std::cout, zel::cli::Listing().field("deleted", *number));
+      return;
+    }
     std::cout << "Favorites list " << *number << " deleted.\n";
   });
 }
@@ -217,6 +222,7 @@ ZEL_COMMAND(48) {
   auto save = std::make_shared<std::string>();
   cmd->add_option("WHICH", *key, "The service")->required();
   cmd->add_option("--save-to", *save, "Write the list to this folder instead of the card");
+  cmd->add_flag("--json", args->json, "Print the file written (and its list number) as JSON");
   cmd->callback([args, key, save, &context] {
     const auto* list = zel::transfer::findServiceSearch(*key);
     if (!list) throw UserError{"There is no Service Search list " + *key + "."};
@@ -225,12 +231,24 @@ ZEL_COMMAND(48) {
       if (!zel::formats::writeFileAtomically(path, list->text).ok) {
         throw UserError{"Cannot write " + path + "."};
       }
+      if (args->json) {
+        zel::cli::printJson(std::cout,
+                            zel::cli::Listing().field("file", path).field("channels", list->channels));
+        return;
+      }
       std::cout << path << ": " << list->channels << " channels\n";
       return;
     }
     auto card = openCard(context, args->roots);
     auto out = card.saveList(list->text, list->caption, std::nullopt, false);
     zel::cli::fail(out.status);
+    if (args->json) {
+      zel::cli::printJson(std::cout, zel::cli::Listing()
+                                         .field("list", list->caption)
+                                         .field("number", out.number)
+                                         .field("file", out.file));
+      return;
+    }
     std::cout << list->caption << " added as " << out.file << "\n";
   });
 }

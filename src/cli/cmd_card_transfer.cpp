@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "cli/cmd_card_common.h"
+#include "cli/rr_listing.h"
 #include "core/memory_ports.h"
 #include "formats/hpd_reader.h"
 #include "formats/hpd_writer.h"
@@ -49,6 +50,7 @@ ZEL_COMMAND(42) {
     bool copyInName = false;
     bool yes = false;
     bool overwriteOrphans = false;
+    bool json = false;
   };
   auto a = std::make_shared<Args>();
   cmd->add_option("FILE", a->file, "The .hpd file to save on the card")->required();
@@ -60,6 +62,7 @@ ZEL_COMMAND(42) {
   cmd->add_flag("--overwrite-orphans", a->overwriteOrphans,
                 "Let the new list take a number whose file lies on the card unnamed (kept as .bac)");
   cmd->add_option("--root", a->roots, "A folder to look in for a card (repeatable)");
+  cmd->add_flag("--json", a->json, "Print the list's number and file as JSON");
   cmd->callback([a, &context] {
     if (a->overwrite > 0 && !a->yes) {
       throw cli::UserError{
@@ -79,6 +82,10 @@ ZEL_COMMAND(42) {
     request.copyInName = a->copyInName;
     auto out = transfer::saveDocumentToCard(card, scratch.doc, *scratch.pages, request, quiet);
     if (!out.status.ok) throw cli::UserError{out.status.message};
+    if (a->json) {
+      cli::printJson(std::cout, cli::Listing().field("number", out.number).field("file", out.file));
+      return;
+    }
     std::cout << "Save finished. List " << out.number << " is " << out.file << "\n";
   });
 }
@@ -90,12 +97,14 @@ ZEL_COMMAND(43) {
     std::vector<std::string> roots;
     std::vector<int> numbers;
     std::string out;
+    bool json = false;
   };
   auto a = std::make_shared<Args>();
   cli::listNumber(
       cmd->add_option("N", a->numbers, "Numbers of the lists, as in f_00000N.hpd")->required());
   cmd->add_option("-o,--out", a->out, "The .hpd file to write")->required();
   cmd->add_option("--root", a->roots, "A folder to look in for a card (repeatable)");
+  cmd->add_flag("--json", a->json, "Print the file written and its systems as JSON");
   cmd->callback([a, &context] {
     auto card = cli::openCard(context, a->roots);
     CardScratch scratch;
@@ -105,6 +114,11 @@ ZEL_COMMAND(43) {
     formats::HpdWriteOptions options;
     auto written = formats::writeHpd(scratch.doc, *scratch.pages, a->out, options, quiet);
     if (!written.ok()) throw cli::UserError{written.message};
+    if (a->json) {
+      cli::printJson(std::cout,
+                     cli::Listing().field("file", written.path).field("systems", written.systems));
+      return;
+    }
     std::cout << "Wrote " << written.path << ": " << written.systems << " systems\n";
   });
 }

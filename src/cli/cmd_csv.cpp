@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "cli/command_registry.h"
+#include "cli/rr_listing.h"
 #include "core/document.h"
 #include "core/keys.h"
 #include "core/memory_ports.h"
@@ -74,6 +75,7 @@ ZEL_COMMAND(46) {
     std::string region;
     bool airband = false;
     bool decimalComma = false;
+    bool json = false;
   };
   auto im = std::make_shared<ImportArgs>();
   auto* importCmd = csv->add_subcommand("import", "A delimited text file into a favorites file");
@@ -92,6 +94,7 @@ ZEL_COMMAND(46) {
                       "Round VHF Airband to 8.33 / 12.5 / 25 kHz steps (also on in the settings)");
   importCmd->add_flag("--decimal-comma", im->decimalComma,
                       "Read as on a system whose decimal sign is a comma");
+  importCmd->add_flag("--json", im->json, "Print what was written as a JSON object");
   importCmd->callback([im, &context] {
     exchange::CsvMapper mapper;
     RecordingFeedback said;
@@ -133,6 +136,18 @@ ZEL_COMMAND(46) {
     formats::HpdWriteOptions write;
     auto written = formats::writeHpd(doc, *scratch.pages, im->out, write, said);
     if (!written.ok()) throw cli::UserError{written.message};
+    if (im->json) {
+      cli::Listing l;
+      l.field("file", written.path)
+          .field("channels", result.channels)
+          .field("systems", result.systems)
+          .field("departments", result.departments)
+          .field("talkgroupsSkipped", result.talkgroupsSkipped);
+      auto& continued = l.list("continued", "Continued in");
+      for (const std::string& name : result.continued) continued.emplace_back().field("department", name);
+      cli::printJson(std::cout, l);
+      return;
+    }
     for (const std::string& name : result.continued) {
       std::cout << "A department holds at most 9999 rows: continued in \"" << name << "\"\n";
     }
@@ -147,6 +162,7 @@ ZEL_COMMAND(46) {
   struct ExportArgs {
     std::string in, out;
     bool zel = false;
+    bool json = false;
   };
   auto ex = std::make_shared<ExportArgs>();
   auto* exportCmd = csv->add_subcommand("export", "A favorites file as one line a channel");
@@ -155,6 +171,7 @@ ZEL_COMMAND(46) {
   exportCmd->add_option("-o,--out", ex->out, "The text file to write (instead of OUT)")
       ->excludes(exportOut);
   exportCmd->add_flag("--zel", ex->zel, "The \"[ZEL CSV FILE]\" form, one line a system");
+  exportCmd->add_flag("--json", ex->json, "Print the file written as a JSON object");
   exportCmd->callback([ex] {
     if (ex->out.empty()) throw cli::UserError{"Name the file to write with OUT or -o.", 2};
     Scratch scratch;
@@ -177,6 +194,10 @@ ZEL_COMMAND(46) {
       text = exchange::channelCsvExport(doc, *scratch.pages);
     }
     writeWhole(ex->out, text);
+    if (ex->json) {
+      cli::printJson(std::cout, cli::Listing().field("file", ex->out));
+      return;
+    }
     std::cout << "Wrote " << ex->out << "\n";
   });
 }

@@ -112,8 +112,10 @@ class Convention : public CardCommand {
     if (card_.empty()) {
       card_ = card("c", "BCD536HP");
       std::ofstream(path("in.hpd"), std::ios::binary) << kList;
+      std::ofstream(path("in.csv")) << "Frequency,Name\n155.1000,Fire\n";
     }
     for (auto [from, to] : {std::pair<std::string, std::string>{"CARD", root(card_)},
+                            {"IN.csv", "'" + path("in.csv") + "'"},
                             {"IN", "'" + path("in.hpd") + "'"},
                             {"DIR", "'" + path("made") + "'"}}) {
       for (std::size_t at = args.find(from); at != std::string::npos; at = args.find(from, at))
@@ -141,7 +143,10 @@ INSTANTIATE_TEST_SUITE_P(
                       "card detect --json CARD", "card list --json CARD",
                       "card order 2 --json CARD", "card qkeys auto --json CARD",
                       "card orphans --json CARD", "card enable-all 1 --json CARD",
-                      "sim card DIR --json", "ports --json"));
+                      "sim card DIR --json", "ports --json",
+                      "card write IN --name New --json CARD", "card read 1 -o IN --json CARD",
+                      "card delete 1 --yes --json CARD", "card service cb --json CARD",
+                      "csv import IN.csv -o IN --json", "csv export IN -o IN.csv --json"));
 
 struct RangeCase {
   std::string args;
