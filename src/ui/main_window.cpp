@@ -27,6 +27,7 @@
 #include "ui/enhanced_find_dialog.h"
 #include "ui/favorites_tree.h"
 #include "ui/find_dialog.h"
+#include "ui/full_database_window.h"
 #include "ui/grid_page_model.h"
 #include "ui/grid_view.h"
 #include "ui/help_dialogs.h"
@@ -267,6 +268,9 @@ void MainWindow::buildMenus() {
   addCommand(tools, "System Quickkeys HP", [this] { openSystemQuickKeys(this, session_); });
   addCommand(tools, "Scanner QuickKey Overview", [this] {
     openQuickKeyBrowser(this, session_, feedback_, cardRootsOf(cardRoots_));
+  });
+  addCommand(tools, "Manage Full Database (US models only!)", [this] {
+    openFullDatabase(this, session_, feedback_, cardRootsOf(cardRoots_));
   });
 
   QMenu* profile = menuBar()->addMenu("&Profile");
