@@ -12,7 +12,7 @@
 #include "core/text.h"
 #include "core/tree_operations.h"
 #include "database/db_import.h"
-#include "gps/distance.h"
+#include "database/db_near.h"
 
 namespace zel::database {
 
@@ -57,8 +57,8 @@ bool passes(const DbSystem& system, const DbFilter& filter) {
   if (filter.location) {
     const DbCircle& where = *filter.location;
     auto near = [&where](const DbPart& p) {
-      return p.circle && gps::circlesMeet(where.lat, where.lon, where.range, p.circle->lat,
-                                          p.circle->lon, p.circle->range);
+      return p.circle && distanceMiles(where.lat, where.lon, p.circle->lat, p.circle->lon) <=
+                             std::max(where.range, 0.0) + std::max(p.circle->range, 0.0);
     };
     if (std::none_of(system.sites.begin(), system.sites.end(), near) &&
         std::none_of(system.departments.begin(), system.departments.end(), near)) {
