@@ -24,6 +24,7 @@
 #include "grid/row_record.h"
 #include "ui/bandscope_window.h"
 #include "ui/csv_mapper_dialog.h"
+#include "ui/db_import_window.h"
 #include "ui/enhanced_find_dialog.h"
 #include "ui/favorites_tree.h"
 #include "ui/find_dialog.h"
@@ -170,8 +171,15 @@ void MainWindow::buildMenus() {
   addCommand(
       import, "Import from RadioReference", [this] { openRadioReferenceImport(); },
       QKeySequence("Ctrl+Shift+R"));
-  for (const char* c : {"Import RSF File", "Import System(s) from Database", "Import ZEL XT File",
-                        "Import ZEL396/996 File"}) {
+  addCommand(import, "Import RSF File", [this] { later("Import RSF File"); });
+  addCommand(import, "Import System(s) from Database", [this] {
+    commitShown();
+    openDatabaseImport(this, session_, feedback_, cardRootsOf(cardRoots_), [this](const QString& key) {
+      afterFilesChanged();
+      selectKey(key);
+    });
+  });
+  for (const char* c : {"Import ZEL XT File", "Import ZEL396/996 File"}) {
     addCommand(import, c, [this, c] { later(c); });
   }
   QMenu* exportMenu = file->addMenu("&Export");
