@@ -236,8 +236,8 @@ void addRRImport(CLI::App& rr, Context& context) {
            ->allow_extra_args(false));
   cmd->add_option("--tg-filter", a->tgFilter,
                   "Import only these talkgroups: analog,digital,mixed,tdma,encrypted,partial");
-  cmd->add_option("--updated-days", a->updatedDays, "Only rows updated in the last N days")
-      ->check(CLI::IsMember({0, 1, 7, 30, 90}));
+  oneOf(cmd->add_option("--updated-days", a->updatedDays, "Only rows updated in the last N days"),
+        {0, 1, 7, 30, 90});
   cmd->add_flag("--qkeys-departments", a->qkeysDepartments, "Auto Assign Quickkeys to departments");
   cmd->add_flag("--qkeys-sites", a->qkeysSites, "Auto Assign Quickkeys to sites");
   cmd->add_option("--control-channels", a->controlChannels, "Control channels to import")

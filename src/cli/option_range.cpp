@@ -70,4 +70,22 @@ CLI::Option* aboveZero(CLI::Option* option, const std::string& what) {
   return check(option, 0, kNoLimit, false, what);
 }
 
+CLI::Option* oneOf(CLI::Option* option, const std::vector<int>& values) {
+  std::string words;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (i > 0) words += i + 1 == values.size() ? " or " : ", ";
+    words += std::to_string(values[i]);
+  }
+  std::string name = option->get_name();
+  auto func = [name, values, words](std::string& text) -> std::string {
+    double value = 0;
+    if (!readNumber(text, value)) return "\"" + text + "\" is not a number";
+    for (int v : values) {
+      if (value == v) return {};
+    }
+    throw UserError{name + " takes " + words + ", not " + text + "."};
+  };
+  return option->check(CLI::Validator(func, "NUMBER of " + words));
+}
+
 }  // namespace zel::cli

@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 #include <limits>
 #include <string>
+#include <vector>
 
 namespace zel::cli {
 
@@ -17,6 +18,8 @@ CLI::Option* inRange(CLI::Option* option, double low, double high,
                      const std::string& what = "a number");
 // Accepts numbers above zero.
 CLI::Option* aboveZero(CLI::Option* option, const std::string& what = "a number");
+// Accepts the numbers of a short list: "--updated-days takes 0, 1, 7, 30 or 90, not 5."
+CLI::Option* oneOf(CLI::Option* option, const std::vector<int>& values);
 
 // The sentence for a refused value; an empty text when `value` lies in the range. Exposed for
 // the commands that check a number themselves.

@@ -195,6 +195,8 @@ INSTANTIATE_TEST_SUITE_P(
         RangeCase{"rr browse county 0", "CTID takes an id from 1 to 2147483647, not 0.\n"},
         RangeCase{"rr search county 9011 2000", "FREQ takes a frequency in MHz from 25 to 1300, not 2000.\n"},
         RangeCase{"rr import --zip 123456 -o x.hpd", "--zip takes a zip code from 1 to 99999, not 123456.\n"},
+        RangeCase{"rr import --county 1 --updated-days 5 -o x.hpd",
+                  "--updated-days takes 0, 1, 7, 30 or 90, not 5.\n"},
         RangeCase{"rr login --timeout 0",
                   "--timeout takes a number of milliseconds from 1 to 3600000, not 0.\n"}));
 
