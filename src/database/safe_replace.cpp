@@ -40,7 +40,9 @@ int openExclusive(const std::string& path) {
   return ::open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666);
 }
 ssize_t writeSome(int fd, const char* data, std::size_t size) { return ::write(fd, data, size); }
-int flushToDisk(int fd) { return ::fsync(fd); }
+// fdatasync writes the data and the size the file needs to be read back; the rename that
+// follows is made durable by the flush of the folder.
+int flushToDisk(int fd) { return ::fdatasync(fd); }
 int closeFile(int fd) { return ::close(fd); }
 void flushFolder(const fs::path& folder) {
   const int fd = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
