@@ -7,7 +7,7 @@ JOBS   ?= $(shell nproc 2>/dev/null || echo 2)
 CCACHE := $(shell command -v ccache 2>/dev/null)
 export CCACHE_BASEDIR ?= $(abspath $(CURDIR)/..)
 
-.PHONY: all deps configure build run test bench format clean
+.PHONY: all deps configure build run test bench fuzz format clean
 
 all: build
 
@@ -32,6 +32,11 @@ test: build
 bench: build
 	@cmake --build $(BUILD) -j $(JOBS) --target benchmarks
 	@scripts/run-benchmarks $(BUILD)
+
+# Every parser's fuzz target, built with clang and run FUZZ_SECONDS each (build-fuzz/).
+FUZZ_SECONDS ?= 20
+fuzz:
+	@scripts/run-fuzz $(FUZZ_SECONDS)
 
 format:
 	@find src tests bench -name '*.cpp' -o -name '*.h' | xargs clang-format -i
