@@ -11,6 +11,7 @@
 
 #include "cli/cmd_hpd_common.h"
 #include "cli/command_registry.h"
+#include "cli/rr_listing.h"
 #include "core/document.h"
 #include "core/memory_ports.h"
 #include "formats/hpd_check.h"
@@ -80,6 +81,7 @@ ZEL_COMMAND(30) {
   struct ConvertArgs {
     std::string in;
     std::string out;
+    bool json = false;
   };
   auto convert = std::make_shared<ConvertArgs>();
   auto* convertCmd =
@@ -88,6 +90,7 @@ ZEL_COMMAND(30) {
   auto* convertOut = convertCmd->add_option("OUT", convert->out, "The file to write");
   convertCmd->add_option("-o,--out", convert->out, "The file to write (instead of OUT)")
       ->excludes(convertOut);
+  convertCmd->add_flag("--json", convert->json, "Print the file written and its systems as JSON");
   convertCmd->callback([convert] {
     if (convert->out.empty()) throw cli::UserError{"Name the file to write with OUT or -o.", 2};
     Document doc;
@@ -99,6 +102,11 @@ ZEL_COMMAND(30) {
     HpdWriteResult written = writeHpd(doc, rows, convert->out, options, quiet);
     if (!written.ok()) throw cli::UserError{written.message};
     if (!written.companionError.empty()) throw cli::UserError{written.companionError};
+    if (convert->json) {
+      cli::printJson(std::cout,
+                     cli::Listing().field("file", written.path).field("systems", written.systems));
+      return;
+    }
     std::cout << "Wrote " << written.path << ": " << written.systems << " systems\n";
   });
 
