@@ -178,6 +178,10 @@ void StatusDecoder::RenderStatus(std::string_view sts) {
     d.names = {pair(6, 8), pair(12, 14), pair(18, 20)};
   } else if (options_.namesWhileScanning) {
     d.names = {st_.ldat[ld::kSystem], st_.ldat[ld::kDepartment], "Scanning"};
+  } else if (sdsWord && word == "00001010100000000") {
+    // The SDS channel screen holds its quick-key lines where the other screens hold the
+    // names: its system and department stand four lines further down.
+    d.names = {std::string(mid(f[10], 1, 34)), std::string(mid(f[14], 1, 34)), "Scanning"};
   } else {
     d.names = {std::string(mid(f[6], 1, 34)), std::string(mid(f[8], 1, 34)), "Scanning"};
   }

@@ -128,21 +128,32 @@ void ScannerDisplay::paintEvent(QPaintEvent*) {
   p.setBrush(Qt::black);
   p.drawRoundedRect(lcd, 6, 6);
 
+  // The largest type with which every line of the screen fits: the top line, the three
+  // name rows, the screen's lines and, on the SDS series, the strip with the needle.
+  int visibleRows = 0;
+  while (visibleRows < static_cast<int>(d.rows.size()) && d.rows[visibleRows].visible)
+    ++visibleRows;
+  const bool sds = family_ == control::Family::Sds;
   QFont mono("Monospace");
   mono.setStyleHint(QFont::TypeWriter);
-  mono.setPointSize(9);
+  int line = 0, strip = 0;
+  for (int points = 10; points >= 6; --points) {
+    mono.setPointSize(points);
+    line = QFontMetrics(mono).height();
+    strip = sds ? std::max(line + 6, 34) : 0;
+    if (6 + (line + 4) + 3 * line + 8 + visibleRows * line + strip + 4 < lcd.height()) break;
+  }
   p.setFont(mono);
-  const int line = QFontMetrics(mono).height();
   int y = lcd.top() + 6;
 
   // Top line: busy mark, signal bars, F mark, icon, knob direction.
   p.setPen(Qt::NoPen);
   p.setBrush(status_.busy ? QColor(60, 220, 90) : QColor(40, 60, 40));
-  p.drawEllipse(QPoint(lcd.left() + 14, y + 6), 5, 5);
+  p.drawEllipse(QPoint(lcd.left() + 14, y + line / 2), 5, 5);
   for (int bar = 0; bar < 5; ++bar) {
     p.setBrush(bar < d.signalBars ? QColor(250, 210, 60) : QColor(60, 60, 50));
     int h = 3 + bar * 2;
-    p.drawRect(lcd.left() + 28 + bar * 6, y + 12 - h, 4, h);
+    p.drawRect(lcd.left() + 28 + bar * 6, y + line - 2 - h, 4, h);
   }
   p.setPen(QColor(250, 210, 60));
   QString marks;
@@ -173,9 +184,10 @@ void ScannerDisplay::paintEvent(QPaintEvent*) {
   y += 4;
 
   // The screen's own lines, as many as the format word has.
-  const int rowsBottom = family_ == control::Family::Sds ? lcd.bottom() - 70 : lcd.bottom() - 6;
-  for (const auto& row : d.rows) {
-    if (!row.visible || y + line > rowsBottom) break;
+  const int rowsBottom = lcd.bottom() - 4 - strip;
+  rowsPainted_ = 0;
+  for (int k = 0; k < visibleRows && y + line <= rowsBottom; ++k) {
+    const auto& row = d.rows[k];
     QRect r(lcd.left() + 6, y, lcd.width() - 12, line);
     if (row.inverted) {
       p.fillRect(r, QColor(250, 210, 60));
@@ -183,16 +195,25 @@ void ScannerDisplay::paintEvent(QPaintEvent*) {
     } else {
       p.setPen(QColor(250, 210, 60));
     }
-    p.drawText(r, Qt::AlignLeft | Qt::AlignVCenter, latin1(row.text));
+    // The scanner's icon glyphs below the space have no picture here: they stay blank.
+    QString text = latin1(row.text);
+    for (QChar& c : text)
+      if (c.unicode() < 0x20) c = ' ';
+    p.drawText(r, Qt::AlignLeft | Qt::AlignVCenter, text);
     y += line;
+    ++rowsPainted_;
   }
 
-  if (family_ == control::Family::Sds) {
-    QRect dial(lcd.center().x() - 60, lcd.bottom() - 66, 120, 60);
-    paintNeedle(p, dial);
+  // The SDS strip: the signal in dBm and the unit heard, and the needle at the right.
+  if (sds) {
+    const QRect band(lcd.left() + 8, lcd.bottom() - 4 - strip, lcd.width() - 16, strip);
+    paintNeedle(p, QRect(band.right() - 2 * (strip - 2), band.top() + 2, 2 * (strip - 2),
+                         strip - 2));
+    QStringList parts;
+    if (!status_.rssiText.empty()) parts << latin1(status_.rssiText) + " dBm";
+    if (!status_.uidText.empty()) parts << "UID " + latin1(status_.uidText);
     p.setPen(QColor(250, 210, 60));
-    p.drawText(QRect(lcd.left() + 8, lcd.bottom() - 22, 120, 18), Qt::AlignLeft,
-               status_.rssiText.empty() ? QString() : latin1(status_.rssiText) + " dBm");
+    p.drawText(band, Qt::AlignLeft | Qt::AlignVCenter, parts.join("   "));
   }
 }
 

@@ -20,6 +20,8 @@ class ScannerDisplay : public QWidget {
   ScannerDisplay(control::Family family, const control::ScannerStatus& status,
                  QWidget* parent = nullptr);
   QSize sizeHint() const override;
+  // The screen lines the last paint found room for.
+  int rowsPainted() const { return rowsPainted_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -28,6 +30,7 @@ class ScannerDisplay : public QWidget {
   void paintNeedle(class QPainter& p, const QRect& dial);
   control::Family family_;
   const control::ScannerStatus& status_;
+  int rowsPainted_ = 0;
 };
 
 class ScannerFace : public QWidget {

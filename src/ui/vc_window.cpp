@@ -59,11 +59,12 @@ VirtualControlWindow::VirtualControlWindow(control::Family family, SettingsStore
     QTimer::singleShot(0, this, &QWidget::close);
   };
   host_ = std::make_unique<QtTimerHost>(vc_->timers, [this](int id) { vc_->fire(id); });
+  showLinkState();
 
   refresh_ = new QTimer(this);
   connect(refresh_, &QTimer::timeout, this, &VirtualControlWindow::refresh);
   refresh_->start(100);
-  resize(980, 760);
+  resize(980, 820);  // room for every line of the scanner's screen at a readable size
 }
 
 VirtualControlWindow::~VirtualControlWindow() {
@@ -108,6 +109,7 @@ void VirtualControlWindow::buildControls(QWidget* host) {
   });
   // A port typed by name (the simulator's pseudo-terminal, for one); Enter connects.
   ports_->setEditable(true);
+  ports_->setInsertPolicy(QComboBox::NoInsert);  // the link keeps the list
   connect(ports_->lineEdit(), &QLineEdit::returnPressed, this,
           &VirtualControlWindow::connectChosenPort);
 
@@ -196,14 +198,17 @@ void VirtualControlWindow::connectTo(const QString& portName) {
 
 // The port is the one typed when the box holds a text that is no entry of the list.
 void VirtualControlWindow::connectChosenPort() {
-  const QString typed = ports_->currentText().trimmed();
-  const int listed = ports_->findText(typed);
+  const std::string typed = ports_->currentText().trimmed().toStdString();
+  const auto& entries = vc_->link.entries();
+  int listed = -1;
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    if (entries[i].text == typed) listed = static_cast<int>(i);
   if (listed >= 0) {
     vc_->link.selectIndex(listed);
-  } else if (!typed.isEmpty()) {
-    vc_->link.selectPortName(typed.toStdString());
-    fillPorts();
+  } else if (!typed.empty()) {
+    vc_->link.selectPortName(typed);
   }
+  fillPorts();
   vc_->link.connect();
   showLinkState();
 }
@@ -220,7 +225,9 @@ void VirtualControlWindow::showLinkState() {
     text = "Not connected";
   }
   if (link.watchdogFirings > 0 && (link.portOpen() || link.polling()))
-    text += QString("; no reply, the port was reset %1 times").arg(link.watchdogFirings);
+    text += "; no reply, the port was reset " +
+            (link.watchdogFirings == 1 ? QString("once")
+                                       : QString("%1 times").arg(link.watchdogFirings));
   if (linkState_->text() != text) linkState_->setText(text);
 }
 

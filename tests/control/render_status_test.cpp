@@ -293,5 +293,23 @@ TEST(StsParser, TheSdsWindowReadsTheSiteLines) {
   EXPECT_EQ(l[ld::kInfoScanMode], "Scan Mode");
 }
 
+TEST(RenderStatusSds, BetweenHitsTheChannelScreensNamesComeFromItsOwnLines) {
+  VcRig rig(Family::Sds);
+  auto& st = rig.vc->status;
+  rig.glg("GLG,,,,,,,,,,,,\r");
+  std::vector<std::string> lines(13);
+  for (int i = 0; i < 13; ++i) lines[i] = "L" + std::to_string(2 * (i + 1));
+  struct Case {
+    const char* word;
+    const char* system;
+    const char* department;
+  } cases[] = {{"00001010100000000", "L10", "L14"}, {"0000100", "L6", "L8"}};
+  for (const Case& c : cases) {
+    rig.sts(stsReply(c.word, lines));
+    EXPECT_EQ(st.display.names[0], c.system) << c.word;
+    EXPECT_EQ(st.display.names[1], c.department) << c.word;
+  }
+}
+
 }  // namespace
 }  // namespace zel::control
