@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "zel_run.h"
+
 namespace zel::e2e {
 
 class Process {
@@ -56,5 +58,32 @@ class SimulatedScanner {
 
 // A number after "name": in JSON text; -1 when it is not there.
 long long jsonNumber(const std::string& json, const std::string& name);
+
+// `zel VERB --port DEVICE OPTIONS...` run to its end (killed after timeoutMs).
+inline ZelRun onPort(const std::string& verb, const std::string& device,
+                     const std::vector<std::string>& options, int timeoutMs) {
+  std::vector<std::string> argv{zelBinary(), verb, "--port", device};
+  argv.insert(argv.end(), options.begin(), options.end());
+  Process p;
+  ZelRun run;
+  if (!p.start(argv)) return run;
+  run.exitCode = p.wait(timeoutMs);
+  run.out = p.out();
+  run.err = p.err();
+  return run;
+}
+
+// A test with `zel sim radioref` serving on a free port of this machine.
+class RRServiceTest : public ZelTest {
+ protected:
+  void SetUp() override {
+    ZelTest::SetUp();
+    ASSERT_TRUE(service_.start({zelBinary(), "sim", "radioref", "--port", "0"}));
+    endpoint_ = service_.readLine(5000);
+    ASSERT_EQ(endpoint_.rfind("http://127.0.0.1:", 0), 0u) << endpoint_ << service_.err();
+  }
+  Process service_;
+  std::string endpoint_;
+};
 
 }  // namespace zel::e2e

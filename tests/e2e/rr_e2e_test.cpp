@@ -8,21 +8,13 @@
 namespace zel::e2e {
 namespace {
 
-class RRCommand : public ZelTest {
+class RRCommand : public RRServiceTest {
  protected:
-  void SetUp() override {
-    ZelTest::SetUp();
-    ASSERT_TRUE(service_.start({zelBinary(), "sim", "radioref", "--port", "0"}));
-    endpoint_ = service_.readLine(5000);
-    ASSERT_EQ(endpoint_.rfind("http://127.0.0.1:", 0), 0u) << endpoint_ << service_.err();
-  }
   // zel rr with the simulated service's end point, a key and the password in the environment.
   ZelRun rr(const std::string& args, const std::string& password = "demo") const {
     return zel("rr " + args + " --endpoint " + endpoint_ + " --app-key 12345678",
                password.empty() ? "" : "ZEL_RR_PASSWORD='" + password + "' ");
   }
-  Process service_;
-  std::string endpoint_;
 };
 
 TEST_F(RRCommand, LoginPrintsTheExpiryDate) {

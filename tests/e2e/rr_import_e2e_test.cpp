@@ -9,20 +9,12 @@
 namespace zel::e2e {
 namespace {
 
-class RRImport : public ZelTest {
+class RRImport : public RRServiceTest {
  protected:
-  void SetUp() override {
-    ZelTest::SetUp();
-    ASSERT_TRUE(service_.start({zelBinary(), "sim", "radioref", "--port", "0"}));
-    endpoint_ = service_.readLine(5000);
-    ASSERT_EQ(endpoint_.rfind("http://127.0.0.1:", 0), 0u) << endpoint_ << service_.err();
-  }
   ZelRun import(const std::string& args) const {
     return zel("rr import " + args + " --user demo --app-key 12345678 --endpoint " + endpoint_,
                "ZEL_RR_PASSWORD=demo ");
   }
-  Process service_;
-  std::string endpoint_;
 };
 
 TEST_F(RRImport, FromTheServiceToTheCard) {

@@ -60,23 +60,6 @@ TEST(SimScannerE2E, ThePathComesFirstAndTheTerminalAnswers) {
   }
 }
 
-TEST(SimScannerE2E, AFavoritesFileIsScanned) {
-  std::filesystem::path file =
-      std::filesystem::temp_directory_path() / ("zel-sim-" + std::to_string(getpid()) + ".hpd");
-  std::ofstream(file, std::ios::binary)
-      << "TargetModel\tBCDx36HP\r\nFormatVersion\t1.00\r\n"
-         "Conventional\t\t\tHarbor\tOff\t\tConventional\tOff\r\n"
-         "C-Group\tCGroupId=1\tAgencyId=2\tMarine\tOff\t0.000000\t-0.000000\t0.0\tCircle\r\n"
-         "C-Freq\t\t\tCh 16\tOff\t156800000\tFM\t\t1\tOff\t2\t0\tOff\tAuto\r\n";
-  SimulatedScanner sim({"--list", file.string(), "--activity", "1"});
-  ASSERT_FALSE(sim.device().empty()) << sim.process().err();
-  int fd = openRaw(sim.device());
-  usleep(300000);
-  EXPECT_EQ(ask(fd, "GLG"), "GLG,0156.8000,FM,0,,Harbor,Marine,Ch 16,1,0,,,NONE\r");
-  close(fd);
-  std::filesystem::remove(file);
-}
-
 TEST(SimScannerE2E, BadOptionsStopBeforeATerminalIsMade) {
   Process model;
   ASSERT_TRUE(model.start({zelBinary(), "sim", "scanner", "--model", "BC125AT"}));

@@ -13,16 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-ZelRun sweep(const std::string& device, std::vector<std::string> options) {
-  std::vector<std::string> argv{zelBinary(), "sweep", "--port", device};
-  argv.insert(argv.end(), options.begin(), options.end());
-  Process p;
-  ZelRun m;
-  if (!p.start(argv)) return m;
-  m.exitCode = p.wait(30000);
-  m.out = p.out();
-  m.err = p.err();
-  return m;
+ZelRun sweep(const std::string& device, const std::vector<std::string>& options) {
+  return onPort("sweep", device, options, 30000);
 }
 
 // The frequencies (MHz) of the "top" list of the JSON summary.

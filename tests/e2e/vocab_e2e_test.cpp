@@ -9,30 +9,16 @@ using zel::e2e::pieces;
 using zel::e2e::ZelRun;
 using VocabCommand = zel::e2e::ZelTest;
 
+// The lists themselves are the vocabulary's (grid tests); here only how the command prints one.
 TEST_F(VocabCommand, PrintsAListOneWordALineInOfferedOrder) {
-  struct Case {
-    const char* key;
-    std::size_t count;
-    const char* first;
-    const char* second;
-    const char* last;
-  };
-  const Case cases[] = {
-      {"'SQ Code_c'", 51, "Search", "67.0", "254.1"},
-      {"'Service Type'", 39, "Aircraft", "Business", "Racing Teams"},
-      {"'SQ Code_dmr'", 17, "Search", "0", "15"},
-      {"Mode", 6, "AUTO", "AM", "FMB"},
-  };
-  for (const auto& c : cases) {
-    ZelRun run = zel("vocab " + std::string(c.key));
-    EXPECT_EQ(run.exitCode, 0) << c.key << ": " << run.err;
-    auto lines = pieces(run.out);
-    ASSERT_EQ(lines.size(), c.count) << c.key;
-    EXPECT_EQ(lines[0], c.first);
-    EXPECT_EQ(lines[1], c.second);
-    EXPECT_EQ(lines.back(), c.last);
-    EXPECT_EQ(run.err, "");
-  }
+  ZelRun run = zel("vocab 'SQ Code_c'");
+  EXPECT_EQ(run.exitCode, 0) << run.err;
+  EXPECT_EQ(run.err, "");
+  auto lines = pieces(run.out);
+  ASSERT_EQ(lines.size(), 51u);
+  EXPECT_EQ(lines[0], "Search");
+  EXPECT_EQ(lines[1], "67.0");
+  EXPECT_EQ(lines.back(), "254.1");
 }
 
 TEST_F(VocabCommand, AnUnknownKeyIsAUserErrorAndNoKeyBadUsage) {
@@ -47,19 +33,14 @@ TEST_F(VocabCommand, AnUnknownKeyIsAUserErrorAndNoKeyBadUsage) {
   EXPECT_EQ(zel("vocab --list Mode").exitCode, 2);
 }
 
-TEST_F(VocabCommand, ListPrintsEveryKeyAndEachKeyPrintsAList) {
+TEST_F(VocabCommand, ListPrintsEveryKey) {
   ZelRun run = zel("vocab --list");
   ASSERT_EQ(run.exitCode, 0);
   auto keys = pieces(run.out);
-  ASSERT_EQ(keys.size(), 53u);
   EXPECT_EQ(keys.front(), "Avoid");
   EXPECT_EQ(keys.back(), "pages");
-  for (const char* key : {"SQ Code_n", "System Type HP1", "bands eu"}) {
-    EXPECT_NE(std::find(keys.begin(), keys.end(), key), keys.end()) << key;
-    ZelRun list = zel("vocab '" + std::string(key) + "'");
-    EXPECT_EQ(list.exitCode, 0) << key;
-    EXPECT_FALSE(list.out.empty()) << key;
-  }
+  ASSERT_NE(std::find(keys.begin(), keys.end(), "System Type HP1"), keys.end());
+  EXPECT_EQ(zel("vocab 'System Type HP1'").exitCode, 0);
 }
 
 TEST_F(VocabCommand, JsonPrintsOneArray) {
