@@ -295,7 +295,9 @@ void MainWindow::buildMenus() {
       },
       QKeySequence::HelpContents);
   addCommand(help, "About ZEL536", [this] { showAbout(this); });
+  // The busiest menu: these two take their letters before the others are handed out.
   action("Find")->setText("&Find");
+  action("Find Duplicates")->setText("Find &Duplicates");
   giveShortcuts(menuBar());
   giveAccelerators(menuBar());
 }
