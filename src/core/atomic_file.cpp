@@ -1,4 +1,4 @@
-#include "formats/atomic_file.h"
+#include "core/atomic_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -13,9 +13,8 @@
 #include <optional>
 #include <set>
 
-#include "formats/text_file.h"
 
-namespace zel::formats {
+namespace zel {
 
 namespace fs = std::filesystem;
 
@@ -104,6 +103,19 @@ int replaceThroughTemporary(const fs::path& target, std::string_view content, in
   return 0;
 }
 
+std::optional<std::string> readAll(const std::string& path) {
+  std::FILE* f = std::fopen(path.c_str(), "rb");
+  if (!f) return std::nullopt;
+  std::string data;
+  char buffer[1 << 16];
+  std::size_t got;
+  while ((got = std::fread(buffer, 1, sizeof buffer, f)) > 0) data.append(buffer, got);
+  const bool failed = std::ferror(f) != 0;
+  std::fclose(f);
+  if (failed) return std::nullopt;
+  return data;
+}
+
 std::mutex& backupLock() {
   static std::mutex lock;
   return lock;
@@ -150,7 +162,7 @@ WriteStatus writeFileAtomically(const std::string& path, std::string_view conten
     std::lock_guard<std::mutex> guard(backupLock());
     const std::string key = fs::absolute(target, ec).lexically_normal().string();
     if (!backedUp().count(key)) {
-      const std::optional<std::string> old = readWholeFile(target.string());
+      const std::optional<std::string> old = readAll(target.string());
       if (!old) {
         return failure(path, EIO,
                        path + " was not written: it could not be read for its backup copy.");
@@ -181,4 +193,4 @@ WriteStatus writeFileAtomically(const std::string& path, std::string_view conten
   return status;
 }
 
-}  // namespace zel::formats
+}  // namespace zel

@@ -15,7 +15,7 @@
 #include <string>
 #include <string_view>
 
-namespace zel::formats {
+namespace zel {
 
 struct WriteStatus {
   bool ok = false;
@@ -36,4 +36,4 @@ std::string backupPathFor(const std::string& path);
 // The temporary names the writer uses end in this; a name left by a killed run can go.
 inline constexpr std::string_view kTemporarySuffix = ".zeltmp";
 
-}  // namespace zel::formats
+}  // namespace zel
