@@ -80,9 +80,9 @@ void tower(QPainter& p) {
 }
 
 void folder(QPainter& p, bool talkgroups) {
-  const QColor tab = talkgroups ? QColor(60, 110, 200) : QColor(210, 150, 30);
-  p.setPen(QPen(QColor(150, 110, 20), 1.5));
-  p.setBrush(tab);
+  const QColor front = talkgroups ? QColor(110, 160, 235) : QColor(250, 210, 90);
+  p.setPen(QPen(front.darker(170), 1.5));
+  p.setBrush(front.darker(120));
   QPainterPath back;
   back.moveTo(3, 8);
   back.lineTo(12, 8);
@@ -92,7 +92,7 @@ void folder(QPainter& p, bool talkgroups) {
   back.lineTo(3, 27);
   back.closeSubpath();
   p.drawPath(back);
-  p.setBrush(QColor(250, 210, 90));
+  p.setBrush(front);
   p.drawRoundedRect(QRectF(3, 14, 26, 14), 2, 2);
 }
 

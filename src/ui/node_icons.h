@@ -1,6 +1,6 @@
 // The pictures of the tree's node kinds and of the application, drawn in code: a star for
 // a favorites list, a system with one carrier (conventional) or with shared channels
-// (trunked), a tower for a site, a folder for a department (blue tab: talkgroups).
+// (trunked), a tower for a site, a folder for a department (a blue one: talkgroups).
 #pragma once
 
 #include <QIcon>
