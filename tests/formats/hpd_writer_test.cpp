@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 
 #include "core/keys.h"
@@ -231,6 +233,19 @@ TEST(HpdWriter, ScannerTargetsUseColumnElevenAndNoCompanion) {
   ASSERT_TRUE(writeHpd(s.doc, s.pages, path, w, s.feedback).ok());
   EXPECT_EQ(s.doc.files.get(1, 11), path);
   EXPECT_FALSE(std::filesystem::exists(hpiPathFor(path)));
+}
+
+TEST(HpdWriter, ACompanionThatCannotBeWrittenIsReported) {
+  Scratch s;
+  ASSERT_TRUE(s.read(kMotorola).ok());
+  const std::string path = s.dir.file("out.hpd");
+  std::filesystem::create_directory(hpiPathFor(path));  // the companion's name is taken
+  const HpdWriteResult r = writeHpd(s.doc, s.pages, path, Scratch::defaultWrite(), s.feedback);
+  EXPECT_TRUE(std::filesystem::exists(path));
+  EXPECT_EQ(r.companionError,
+            path + " was written, but its companion " + hpiPathFor(path) + " was not: " +
+                std::strerror(EISDIR) + ".");
+  EXPECT_EQ(s.feedback.messages.back(), r.companionError);
 }
 
 TEST(HpdWriter, ASystemWithoutChildrenWritesItsHeadAndADepartmentWithoutPageNoRows) {
