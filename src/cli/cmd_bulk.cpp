@@ -16,6 +16,7 @@
 
 #include "cli/cmd_hpd_common.h"
 #include "cli/command_registry.h"
+#include "cli/rr_listing.h"
 #include "core/document.h"
 #include "core/memory_ports.h"
 #include "core/text.h"
@@ -38,16 +39,6 @@ struct BulkSetArgs {
   std::vector<std::string> sets;
   bool json = false;
 };
-
-std::string jsonText(std::string_view text) {
-  std::string out;
-  for (char c : text) {
-    if (c == '"' || c == '\\') out.push_back('\\');
-    if (static_cast<unsigned char>(c) < 0x20) continue;
-    out.push_back(c);
-  }
-  return out;
-}
 
 // The departments named on the command line, among those the scope lists; all of them when
 // none is named.
@@ -111,10 +102,13 @@ void runBulkSet(const BulkSetArgs& args) {
   formats::HpdWriteResult written = cli::writeHpdOrFail(doc, rows, args.out);
 
   if (args.json) {
-    std::cout << "{\"file\":\"" << jsonText(written.path) << "\",\"scope\":\"" << rowWord
-              << "\",\"ticked\":" << ticked.size() << ",\"changed\":" << result.changed
-              << ",\"departments\":" << departments.size() << ",\"pages\":" << result.pages
-              << "}\n";
+    cli::printJson(std::cout, cli::Listing()
+                                  .field("file", written.path)
+                                  .field("scope", rowWord)
+                                  .field("ticked", static_cast<long long>(ticked.size()))
+                                  .field("changed", result.changed)
+                                  .field("departments", static_cast<long long>(departments.size()))
+                                  .field("pages", result.pages));
   } else {
     std::cout << "Changed " << result.changed << " of " << ticked.size() << " " << rowWord << " in "
               << departments.size() << (departments.size() == 1 ? " department" : " departments")

@@ -7,6 +7,7 @@
 #include "cli/cmd_card_common.h"
 #include "cli/command_registry.h"
 #include "cli/option_range.h"
+#include "cli/rr_listing.h"
 #include "cli/window_hints.h"
 #include "core/settings.h"
 
@@ -61,12 +62,14 @@ ZEL_COMMAND(40) {
     zel::transfer::CardDetector detector;
     auto state = zel::cli::detectCard(context, *roots, detector);
     if (*json) {
-      std::cout << "{\"detected\":" << (state.detected() ? "true" : "false") << ",\"root\":\""
-                << zel::cli::jsonEscape(state.scannerRoot) << "\",\"model\":\""
-                << zel::cli::jsonEscape(state.model) << "\",\"firmware\":\""
-                << zel::cli::jsonEscape(state.firmware) << "\",\"serial\":\""
-                << zel::cli::jsonEscape(state.serial) << "\",\"fileFormat\":" << state.fileFormat
-                << ",\"status\":\"" << zel::cli::jsonEscape(state.label3) << "\"}\n";
+      zel::cli::printJson(std::cout, zel::cli::Listing()
+                                         .flag("detected", state.detected())
+                                         .field("root", state.scannerRoot)
+                                         .field("model", state.model)
+                                         .field("firmware", state.firmware)
+                                         .field("serial", state.serial)
+                                         .field("fileFormat", state.fileFormat)
+                                         .field("status", state.label3));
     } else {
       std::cout << state.label3 << "\n";
       if (state.detected()) std::cout << "Scanner root: " << state.scannerRoot << "\n";

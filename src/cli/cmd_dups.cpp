@@ -7,6 +7,7 @@
 
 #include "cli/command_registry.h"
 #include "cli/option_range.h"
+#include "cli/rr_listing.h"
 #include "core/document.h"
 #include "core/keys.h"
 #include "core/memory_ports.h"
@@ -19,16 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace zel;
-
-std::string jsonText(std::string_view text) {
-  std::string out = "\"";
-  for (char c : text) {
-    if (c == '"' || c == '\\') out.push_back('\\');
-    if (static_cast<unsigned char>(c) < 0x20) continue;
-    out.push_back(c);
-  }
-  return out + "\"";
-}
 
 }  // namespace
 
@@ -81,15 +72,17 @@ ZEL_COMMAND(45) {
         args->system > 0 ? dups::pairwiseSearch(rows, prefix, args->system, names)
                          : dups::sortedSearch(rows, prefix, names);
     if (context.json) {
-      std::cout << "[";
-      for (std::size_t i = 0; i < found.size(); ++i) {
-        const auto& r = found[i];
-        std::cout << (i ? ",\n " : "") << "{\"data\":" << jsonText(r.data)
-                  << ",\"key\":" << jsonText(r.key) << ",\"alphaTag\":" << jsonText(r.alphaTag)
-                  << ",\"subtone\":" << jsonText(r.subtone) << ",\"system\":" << jsonText(r.system)
-                  << ",\"department\":" << jsonText(r.department) << "}";
+      std::vector<cli::Listing> rows;
+      for (const auto& r : found) {
+        rows.emplace_back()
+            .field("data", r.data)
+            .field("key", r.key)
+            .field("alphaTag", r.alphaTag)
+            .field("subtone", r.subtone)
+            .field("system", r.system)
+            .field("department", r.department);
       }
-      std::cout << "]\n";
+      cli::printJsonArray(std::cout, rows);
       return;
     }
     if (found.empty()) std::cout << "No duplicates found.\n";

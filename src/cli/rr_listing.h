@@ -34,6 +34,11 @@ struct Listing {
   }
   Listing& field(std::string key, int value) { return field(std::move(key), static_cast<long long>(value)); }
   Listing& field(std::string key, double value);
+  // true or false (not an overload of field: a text literal would convert to bool first).
+  Listing& flag(std::string key, bool value) {
+    fields.push_back({std::move(key), value ? "true" : "false", true});
+    return *this;
+  }
   // A new list `key` shown under `caption`; records go into the returned vector.
   std::vector<Listing>& list(std::string key, std::string caption);
 };

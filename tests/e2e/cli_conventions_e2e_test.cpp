@@ -147,7 +147,8 @@ INSTANTIATE_TEST_SUITE_P(
                       "card write IN --name New --json CARD", "card read 1 -o IN --json CARD",
                       "card delete 1 --yes --json CARD", "card service cb --json CARD",
                       "csv import IN.csv -o IN --json", "csv export IN -o IN.csv --json",
-                      "hpd convert IN -o IN --json"));
+                      "hpd convert IN -o IN --json",
+                      "hpd bulk-set IN --scope frequencies --set Delay:=5 -o IN --json"));
 
 struct RangeCase {
   std::string args;

@@ -33,8 +33,8 @@ INSTANTIATE_TEST_SUITE_P(
                   "Unknown command \"infoo\" for \"zel hpd\": use one of info, convert, check, "
                   "bulk-set, banknames, report.\n"},
         UsageCase{"dupz x.hpd",
-                  "Unknown command \"dupz\" for \"zel\": use one of version, hpd, vocab, card, "
-                  "cell, dups, csv, sim, ports, rr, monitor, key, sweep, demo.\n"}));
+                  "Unknown command \"dupz\" for \"zel\": use one of version, hpd, vocab, db, card, "
+                  "cell, dups, csv, qkeys, sim, ports, rr, monitor, key, sweep, demo.\n"}));
 
 class NoOutputNamed : public ZelTest, public ::testing::WithParamInterface<UsageCase> {};
 
