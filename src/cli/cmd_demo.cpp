@@ -4,6 +4,8 @@
 // from the simulated RadioReference service, and the scanner's bandscope sweeps a band. The
 // simulators run in this process; each step runs the zel command a user would type.
 // `zel demo --tree` prints the demo list's tree and pages instead.
+#include <unistd.h>
+
 #include <atomic>
 #include <chrono>
 #include <filesystem>
@@ -11,8 +13,6 @@
 #include <iostream>
 #include <memory>
 #include <thread>
-
-#include <unistd.h>
 
 #include "cli/command_registry.h"
 #include "cli/nested_command.h"
@@ -113,8 +113,8 @@ DemoList saveDemoList(const fs::path& work) {
     list.channels += session.pages().load(dept).size();
   }
   zel::formats::HpdWriteOptions options;  // every system of the document
-  auto written = zel::formats::writeHpd(session.document(), session.pages(), list.path, options,
-                                        feedback);
+  auto written =
+      zel::formats::writeHpd(session.document(), session.pages(), list.path, options, feedback);
   if (!written.ok()) throw UserError{"Step 1 failed: " + written.message};
   return list;
 }
@@ -158,8 +158,8 @@ void walk(const fs::path& work) {
   const DemoList list = saveDemoList(work);
   narrate(1, "The demo favorites list: " + std::to_string(list.systems) + " systems, " +
                  std::to_string(list.departments) + " departments, " +
-                 std::to_string(list.channels) + " channels and talkgroups, saved as " +
-                 list.path + ".");
+                 std::to_string(list.channels) + " channels and talkgroups, saved as " + list.path +
+                 ".");
 
   auto made = zel::sim::makeSimCard(card, kModel);
   if (!made.ok) throw UserError{"Step 2 failed: " + made.message};
@@ -173,15 +173,16 @@ void walk(const fs::path& work) {
   NestedRun read =
       mustRun(context, 3, {"card", "read", std::to_string(number), "-o", back, "--root", card});
   const long long systemsBack = numberAfter(read.out, ": ");
-  narrate(3, "Read list " + std::to_string(number) + " back from the card into " + back + ": " +
-                 std::to_string(systemsBack) + " systems" +
-                 (systemsBack == static_cast<long long>(list.systems) ? ", as many as written."
-                                                                      : "."));
+  narrate(
+      3, "Read list " + std::to_string(number) + " back from the card into " + back + ": " +
+             std::to_string(systemsBack) + " systems" +
+             (systemsBack == static_cast<long long>(list.systems) ? ", as many as written." : "."));
 
   ScannerThread scanner(list.path);
-  NestedRun monitor = mustRun(context, 4,
-                              {"monitor", "--port", scanner.device(), "--seconds",
-                               std::to_string(kScanSeconds), "--log", (work / "log.csvx").string()});
+  NestedRun monitor =
+      mustRun(context, 4,
+              {"monitor", "--port", scanner.device(), "--seconds", std::to_string(kScanSeconds),
+               "--log", (work / "log.csvx").string()});
   const std::vector<std::string> hits = zel::split(zel::trim(monitor.out), '\n');
   const std::size_t logged = zel::trim(monitor.out).empty() ? 0 : hits.size();
   narrate(4, "Live scan of the simulated " + std::string(kModel) + " on " + scanner.device() +
@@ -194,18 +195,18 @@ void walk(const fs::path& work) {
   if (!service.start(&error)) throw UserError{"The simulated RadioReference service: " + error};
   const std::string password = (work / "password.txt").string();
   std::ofstream(password) << "demo\n";
-  NestedRun import = mustRun(
-      context, 5,
-      {"rr", "import", "--county", "9011", "--subcat", "900101", "--subcat", "900102", "-o",
-       (work / "harbor.hpd").string(), "--endpoint", service.endpoint(), "--user", "demo",
-       "--app-key", "12345678", "--password-file", password});
+  NestedRun import =
+      mustRun(context, 5,
+              {"rr", "import", "--county", "9011", "--subcat", "900101", "--subcat", "900102", "-o",
+               (work / "harbor.hpd").string(), "--endpoint", service.endpoint(), "--user", "demo",
+               "--app-key", "12345678", "--password-file", password});
   service.stop();
   narrate(5, "From the simulated RadioReference service at " + service.endpoint() +
                  ", Harbor County's sheriff and fire channels: " + firstLine(import.out));
 
   NestedRun sweep = mustRun(context, 6,
-                            {"sweep", "--port", scanner.device(), "--start", "144", "--stop",
-                             "148", "--step", "12.5", "--seconds", std::to_string(kSweepSeconds)});
+                            {"sweep", "--port", scanner.device(), "--start", "144", "--stop", "148",
+                             "--step", "12.5", "--seconds", std::to_string(kSweepSeconds)});
   std::string busiest = lineHolding(sweep.out, " MHz  ");
   narrate(6, "The bandscope of the simulated scanner for " + std::to_string(kSweepSeconds) +
                  " seconds: " + lineHolding(sweep.out, " sweeps of ") +
@@ -228,9 +229,9 @@ ZEL_COMMAND(90) {
                   "Keep the demo's files (lists, card, log) in this folder (default: removed)");
   cmd->callback([tree, keep, &context] {
     const bool scratch = keep->empty();
-    fs::path folder = scratch ? fs::temp_directory_path() /
-                                    ("zel-demo-" + std::to_string(::getpid()))
-                              : fs::path(*keep);
+    fs::path folder = scratch
+                          ? fs::temp_directory_path() / ("zel-demo-" + std::to_string(::getpid()))
+                          : fs::path(*keep);
     if (*tree && !context.dataDir.empty()) folder = context.dataDir;
     struct Cleanup {
       fs::path folder;

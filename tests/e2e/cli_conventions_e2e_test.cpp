@@ -51,7 +51,8 @@ class JsonCheck {
   bool number() {
     const std::size_t from = at_;
     if (at_ < s_.size() && s_[at_] == '-') ++at_;
-    while (at_ < s_.size() && std::string("0123456789.eE+-").find(s_[at_]) != std::string::npos) ++at_;
+    while (at_ < s_.size() && std::string("0123456789.eE+-").find(s_[at_]) != std::string::npos)
+      ++at_;
     return at_ > from && std::isdigit(static_cast<unsigned char>(s_[at_ - 1]));
   }
   template <typename Item>
@@ -143,11 +144,10 @@ INSTANTIATE_TEST_SUITE_P(
                       "card detect --json CARD", "card list --json CARD",
                       "card order 2 --json CARD", "card qkeys auto --json CARD",
                       "card orphans --json CARD", "card enable-all 1 --json CARD",
-                      "sim card DIR --json", "ports --json",
-                      "card write IN --name New --json CARD", "card read 1 -o IN --json CARD",
-                      "card delete 1 --yes --json CARD", "card service cb --json CARD",
-                      "csv import IN.csv -o IN --json", "csv export IN -o IN.csv --json",
-                      "hpd convert IN -o IN --json",
+                      "sim card DIR --json", "ports --json", "card write IN --name New --json CARD",
+                      "card read 1 -o IN --json CARD", "card delete 1 --yes --json CARD",
+                      "card service cb --json CARD", "csv import IN.csv -o IN --json",
+                      "csv export IN -o IN.csv --json", "hpd convert IN -o IN --json",
                       "hpd bulk-set IN --scope frequencies --set Delay:=5 -o IN --json"));
 
 struct RangeCase {
@@ -169,16 +169,21 @@ const char* const kSweep = "sweep --port /dev/null --step 12.5 ";
 INSTANTIATE_TEST_SUITE_P(
     EveryNumericOption, NumberOutOfRange,
     ::testing::Values(
-        RangeCase{"dups IN --system 1000", "--system takes a system number from 1 to 999, not 1000.\n"},
+        RangeCase{"dups IN --system 1000",
+                  "--system takes a system number from 1 to 999, not 1000.\n"},
         RangeCase{"dups IN --system -3", "--system takes a system number from 1 to 999, not -3.\n"},
-        RangeCase{"hpd report IN --system 0", "--system takes a system number from 1 to 999, not 0.\n"},
-        RangeCase{"card delete 1000 --yes CARD", "N takes a list number from 1 to 999, not 1000.\n"},
+        RangeCase{"hpd report IN --system 0",
+                  "--system takes a system number from 1 to 999, not 0.\n"},
+        RangeCase{"card delete 1000 --yes CARD",
+                  "N takes a list number from 1 to 999, not 1000.\n"},
         RangeCase{"card read 1 0 -o x.hpd CARD", "N takes a list number from 1 to 999, not 0.\n"},
         RangeCase{"card order 2 1000 CARD", "N takes a list number from 1 to 999, not 1000.\n"},
         RangeCase{"card write IN --overwrite 0 --yes CARD",
                   "--overwrite takes a list number from 1 to 999, not 0.\n"},
-        RangeCase{"sim radioref --port 70000", "--port takes a port number from 0 to 65535, not 70000.\n"},
-        RangeCase{"sim radioref --slow -1", "--slow takes a number of milliseconds from 0 to 600000, not -1.\n"},
+        RangeCase{"sim radioref --port 70000",
+                  "--port takes a port number from 0 to 65535, not 70000.\n"},
+        RangeCase{"sim radioref --slow -1",
+                  "--slow takes a number of milliseconds from 0 to 600000, not -1.\n"},
         RangeCase{"sim scanner --activity 1.5", "--activity takes a share from 0 to 1, not 1.5.\n"},
         RangeCase{"sim scanner --sweep-rate 0",
                   "--sweep-rate takes a number of steps a second from 1 to 100000, not 0.\n"},
@@ -195,16 +200,19 @@ INSTANTIATE_TEST_SUITE_P(
         RangeCase{std::string(kSweep) + "--start 144 --stop 148 --seconds 0",
                   "--seconds takes a number of seconds above 0, not 0.\n"},
         RangeCase{"rr browse county 0", "CTID takes an id from 1 to 2147483647, not 0.\n"},
-        RangeCase{"rr search county 9011 2000", "FREQ takes a frequency in MHz from 25 to 1300, not 2000.\n"},
-        RangeCase{"rr import --zip 123456 -o x.hpd", "--zip takes a zip code from 1 to 99999, not 123456.\n"},
+        RangeCase{"rr search county 9011 2000",
+                  "FREQ takes a frequency in MHz from 25 to 1300, not 2000.\n"},
+        RangeCase{"rr import --zip 123456 -o x.hpd",
+                  "--zip takes a zip code from 1 to 99999, not 123456.\n"},
         RangeCase{"rr import --county 1 --updated-days 5 -o x.hpd",
                   "--updated-days takes 0, 1, 7, 30 or 90, not 5.\n"},
         RangeCase{"rr login --timeout 0",
                   "--timeout takes a number of milliseconds from 1 to 3600000, not 0.\n"}));
 
 TEST_F(Convention, AMalformedNumberIsBadUsage) {
-  for (const char* args : {"sim radioref --port eighty", "dups IN --system 1x",
-                           "sweep --port /dev/null --step 12.5 --start 144 --stop 148 --slot 1.5"}) {
+  for (const char* args :
+       {"sim radioref --port eighty", "dups IN --system 1x",
+        "sweep --port /dev/null --step 12.5 --start 144 --stop 148 --slot 1.5"}) {
     ZelRun r = run(args);
     EXPECT_EQ(r.exitCode, 2) << args;
     EXPECT_EQ(r.out, "") << args;
@@ -246,10 +254,12 @@ TEST_F(ZelTest, DemoWalksTheWholeRoadOneLineAStep) {
   ZelRun r = zel("demo");
   ASSERT_EQ(r.exitCode, 0) << r.err << r.out;
   const std::vector<std::string> lines = pieces(r.out);
-  const std::vector<std::string> steps = {
-      "1/6 The demo favorites list: ", "2/6 Written to a simulated BCD536HP card",
-      "3/6 Read list ",                "4/6 Live scan of the simulated BCD536HP",
-      "5/6 From the simulated RadioReference service", "6/6 The bandscope of the simulated scanner"};
+  const std::vector<std::string> steps = {"1/6 The demo favorites list: ",
+                                          "2/6 Written to a simulated BCD536HP card",
+                                          "3/6 Read list ",
+                                          "4/6 Live scan of the simulated BCD536HP",
+                                          "5/6 From the simulated RadioReference service",
+                                          "6/6 The bandscope of the simulated scanner"};
   ASSERT_EQ(lines.size(), steps.size() + 1) << r.out;
   for (std::size_t i = 0; i < steps.size(); ++i) {
     EXPECT_EQ(lines[i].rfind(steps[i], 0), 0u) << lines[i];
