@@ -68,6 +68,7 @@ QDialog* showKeyboardMap(QWidget* parent, const std::vector<ShortcutRow>& rows) 
   auto* table = new QTableWidget(static_cast<int>(rows.size()), 3, d);
   table->setHorizontalHeaderLabels({"Menu", "Command", "Shortcut"});
   table->verticalHeader()->hide();
+  table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
   table->setEditTriggers(QAbstractItemView::NoEditTriggers);
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
   for (int r = 0; r < static_cast<int>(rows.size()); ++r) {
@@ -89,7 +90,7 @@ QString aboutText() {
   if (version.isEmpty()) version = "development build";
   QString libraries =
       "<li>Qt " + QString(qVersion()) +
-      ": GNU Lesser General Public License v3</li>"
+      ": GNU Lesser General Public License v3 (LGPLv3)</li>"
       "<li>pugixml: MIT License</li>"
       "<li>CLI11: BSD 3-Clause License</li>"
       "<li>cpp-httplib: MIT License</li>"
