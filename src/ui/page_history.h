@@ -23,7 +23,7 @@ void putRows(GridPage& page, const PageRows& rows);
 
 class PageHistory {
  public:
-  explicit PageHistory(std::size_t maxSteps = 30, std::size_t maxCells = 2'000'000)
+  explicit PageHistory(std::size_t maxSteps = 30, std::size_t maxCells = 1'000'000)
       : maxSteps_(maxSteps), maxCells_(maxCells) {}
 
   // A page came on show (or none): nothing to undo or redo.
