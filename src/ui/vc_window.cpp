@@ -84,6 +84,8 @@ void VirtualControlWindow::buildControls(QWidget* host) {
   connectButton->setObjectName("connect");
   auto* disconnectButton = new QPushButton("Disconnect", host);
   disconnectButton->setObjectName("disconnect");
+  connectButton->setToolTip("Open the port and start polling the scanner (Enter in the port box)");
+  disconnectButton->setToolTip("Stop polling and close the port");
   auto* findPorts = new QPushButton("Find Ports", host);
   findPorts->setToolTip("Keep only the ports that answer");
   portRow->addWidget(new QLabel("Port:", host));
@@ -135,6 +137,9 @@ void VirtualControlWindow::buildControls(QWidget* host) {
     vc_->options.squelchIndex = i;
     vc_->commands.setSquelch(i);
   });
+  modes_->setToolTip("Jump the scanner to a mode");
+  volume_->setToolTip("The scanner's volume (0 to 19)");
+  squelch_->setToolTip("The scanner's squelch (0 to 19)");
   auto* knobs = new QHBoxLayout;
   knobs->addWidget(new QLabel("Mode:", host));
   knobs->addWidget(modes_, 1);
@@ -146,6 +151,7 @@ void VirtualControlWindow::buildControls(QWidget* host) {
 
   quickHold_ = new QLineEdit(host);
   quickHold_->setPlaceholderText("Quick hold MHz (9999.9999)");
+  quickHold_->setToolTip("Type a frequency in MHz and press Enter: the scanner holds on it");
   auto* validator = new QDoubleValidator(0, 9999.9999, 4, quickHold_);
   validator->setLocale(QLocale::c());
   quickHold_->setValidator(validator);
@@ -156,10 +162,12 @@ void VirtualControlWindow::buildControls(QWidget* host) {
   if (sds) {
     auto* keyCode = new QLineEdit(host);
     keyCode->setPlaceholderText("Key code");
+    keyCode->setToolTip("A key code of the scanner's remote protocol, sent as a key press");
     connect(keyCode, &QLineEdit::returnPressed, this,
             [this, keyCode] { vc_->commands.sendKeyCode(keyCode->text().toStdString()); });
     layout->addWidget(keyCode);
     auto* gps = new QCheckBox("Use GPS port", host);
+    gps->setToolTip("The scanner is on its GPS port, which is slower: poll it less often");
     gps->setChecked(vc.options.useGpsPort);
     connect(gps, &QCheckBox::toggled, this, [this](bool on) {
       vc_->options.useGpsPort = on;
@@ -168,16 +176,19 @@ void VirtualControlWindow::buildControls(QWidget* host) {
     layout->addWidget(gps);
     waterfallCheck_ = new QCheckBox("Waterfall page", host);
     waterfallCheck_->setObjectName("waterfallPage");
+    waterfallCheck_->setToolTip("Show the scanner's waterfall in place of the activity log");
     connect(waterfallCheck_, &QCheckBox::toggled, this, [this](bool on) { showWaterfallPage(on); });
     layout->addWidget(waterfallCheck_);
   }
   auto* bandscope = new QPushButton("Bandscope", host);
   bandscope->setObjectName("bandscope");
+  bandscope->setToolTip("Sweep a band with this scanner and show its spectrum (Ctrl+B)");
   connect(bandscope, &QPushButton::clicked, this, [this] {
     openBandscope(parentWidget() ? parentWidget() : this, settings_, feedback_, dataFolder_);
   });
   layout->addWidget(bandscope);
   auto* mini = new QPushButton("Mini View", host);
+  mini->setToolTip("A small window with the display and three keys");
   connect(mini, &QPushButton::clicked, this, &VirtualControlWindow::showMiniView);
   layout->addWidget(mini);
   layout->addStretch();
