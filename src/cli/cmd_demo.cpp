@@ -148,7 +148,7 @@ class ScannerThread {
   std::thread thread_;
 };
 
-void walk(const fs::path& work) {
+void walk(const fs::path& work, bool keep) {
   const auto started = std::chrono::steady_clock::now();
   zel::cli::Context context;
   context.dataDir = (work / "data").string();
@@ -163,16 +163,16 @@ void walk(const fs::path& work) {
 
   auto made = zel::sim::makeSimCard(card, kModel);
   if (!made.ok) throw UserError{"Step 2 failed: " + made.message};
-  NestedRun write =
-      mustRun(context, 2, {"card", "write", list.path, "--name", "ZEL536 demo", "--root", card});
-  const long long number = numberAfter(write.out, "List ");
-  narrate(2, "Written to a simulated " + std::string(kModel) + " card in " + card + ": " +
-                 firstLine(write.out) + ".");
+  NestedRun write = mustRun(
+      context, 2, {"card", "write", list.path, "--name", "ZEL536 demo", "--root", card, "--json"});
+  const long long number = numberAfter(write.out, "\"number\":");
+  narrate(2, "Written to a simulated " + std::string(kModel) + " card in " + card + " as list " +
+                 std::to_string(number) + ".");
 
   const std::string back = (work / "readback.hpd").string();
-  NestedRun read =
-      mustRun(context, 3, {"card", "read", std::to_string(number), "-o", back, "--root", card});
-  const long long systemsBack = numberAfter(read.out, ": ");
+  NestedRun read = mustRun(
+      context, 3, {"card", "read", std::to_string(number), "-o", back, "--root", card, "--json"});
+  const long long systemsBack = numberAfter(read.out, "\"systems\":");
   narrate(
       3, "Read list " + std::to_string(number) + " back from the card into " + back + ": " +
              std::to_string(systemsBack) + " systems" +
@@ -214,7 +214,10 @@ void walk(const fs::path& work) {
 
   const auto seconds =
       std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - started);
-  std::cout << "The demo took " << seconds.count() << " seconds." << std::endl;
+  std::cout << "The demo took " << seconds.count() << " seconds"
+            << (keep ? "; its files are in " + work.string() + "."
+                     : "; its files go now (zel demo -o DIR keeps them).")
+            << std::endl;
 }
 
 }  // namespace
@@ -254,6 +257,6 @@ ZEL_COMMAND(90) {
       printDemoTree(session);
       return;
     }
-    walk(folder);
+    walk(folder, !scratch);
   });
 }
