@@ -5,6 +5,8 @@
 namespace zel::control {
 namespace {
 
+using Names = std::array<std::string, 3>;
+
 std::string pad(std::string s, std::size_t n) {
   s.resize(n, ' ');
   return s;
@@ -31,11 +33,10 @@ TEST(RenderStatus, TheFormatWordGivesClassListScreenAndVisibleLines) {
   for (const auto& c : cases) {
     VcRig rig(Family::Bcd);
     rig.sts(stsReply(c.word, {"a", "b"}));
-    EXPECT_EQ(rig.vc->status.displayClass, c.displayClass) << c.word;
-    EXPECT_EQ(rig.vc->status.listScreen, c.listScreen) << c.word;
-    const auto& rows = rig.vc->status.display.rows;
-    // A line per character of the word, as far as the display has rows (a 14-line word
-    // shows all ten).
+    EXPECT_EQ(std::tie(rig.vc->status.displayClass, rig.vc->status.listScreen),
+              std::tie(c.displayClass, c.listScreen))
+        << c.word;
+    const auto& rows = rig.vc->status.display.rows;  // a line per character, at most all ten
     const std::size_t len = std::string(c.word).size();
     for (std::size_t i = 0; i < rows.size(); ++i)
       EXPECT_EQ(rows[i].visible, i < len) << c.word << " row " << i;
@@ -74,12 +75,7 @@ TEST(RenderStatus, RuleLinesAreExactly24Or30Or36Asterisks) {
   rig.sts(stsReply("0000100", {std::string(30, '*'), std::string(29, '*'), std::string(24, '*'),
                                std::string(36, '*'), std::string(29, '*') + " "}));
   const auto& r = rig.vc->status.lineIsRule;
-  EXPECT_EQ(r[2], "1");
-  EXPECT_EQ(r[4], "0");
-  EXPECT_EQ(r[6], "1");
-  EXPECT_EQ(r[8], "1");
-  EXPECT_EQ(r[10], "0");
-  EXPECT_EQ(r[3], "0");
+  EXPECT_EQ(r[2] + r[4] + r[6] + r[8] + r[10] + r[3], "101100");
 }
 
 TEST(RenderStatus, AFoundCloseCallIsAcceptedOncePerScreen) {
@@ -126,15 +122,10 @@ TEST(RenderStatus, IconAndArrowGlyphsSetTheirMarksAndAreBlanked) {
   rig.sts(stsReply("0000100", {glyphs({4}) + "A" + glyphs({135, 136}) + "B" + glyphs({137, 138}),
                                glyphs({2}) + "List" + glyphs({183, 184})}));
   const auto& d = rig.vc->status.display;
-  EXPECT_TRUE(d.fIcon);
-  EXPECT_EQ(d.icon, 1);
-  EXPECT_EQ(d.arrow, "t");
-  EXPECT_EQ(d.rows[0].text, " A  B  ");
-  EXPECT_EQ(d.rows[1].text, " List  ");
+  EXPECT_EQ(std::tie(d.fIcon, d.icon, d.arrow, d.rows[0].text, d.rows[1].text),
+            std::make_tuple(true, 1, "t", " A  B  ", " List  "));
   rig.sts(stsReply("0000100", {"x", glyphs({181, 182, 3})}));
-  EXPECT_FALSE(rig.vc->status.display.fIcon);
-  EXPECT_EQ(rig.vc->status.display.icon, 2);
-  EXPECT_EQ(rig.vc->status.display.arrow, "u");
+  EXPECT_EQ(std::tie(d.fIcon, d.icon, d.arrow), std::make_tuple(false, 2, "u"));
 }
 
 TEST(RenderStatus, HoldAndAvoidMarksSitWhereTheLayoutPutsThem) {
@@ -189,28 +180,23 @@ TEST(RenderStatus, NameRowsFollowTheChannelRecordOrTheScreenBetweenHits) {
   auto& st = rig.vc->status;
   rig.glg(glgReply("0154.4300", "Dispatch", "", true, "NONE", "County", "Fire"));
   rig.sts(stsReply("0000100", channelScreen()));
-  EXPECT_EQ(st.display.names[0], "County");
-  EXPECT_EQ(st.display.names[2], "Dispatch");
+  EXPECT_EQ(st.display.names[0] + "/" + st.display.names[2], "County/Dispatch");
 
   rig.glg("GLG,,,,,,,,,,,,\r");
   st.ldat[ld::kSystem] = "Last System";
   st.ldat[ld::kDepartment] = "Last Dept";
   rig.sts(stsReply("0000100", channelScreen()));
-  EXPECT_EQ(st.display.names[0], pad("County", 34));
-  EXPECT_EQ(st.display.names[1], pad("Fire", 34));
-  EXPECT_EQ(st.display.names[2], "Scanning");
+  EXPECT_EQ(st.display.names, (Names{pad("County", 34), pad("Fire", 34), "Scanning"}));
 
   rig.vc->options.namesWhileScanning = true;
   rig.sts(stsReply("0000100", channelScreen()));
-  EXPECT_EQ(st.display.names[0], "Last System");
-  EXPECT_EQ(st.display.names[2], "Scanning");
+  EXPECT_EQ(st.display.names[0] + "/" + st.display.names[2], "Last System/Scanning");
 
   std::vector<std::string> lines(13);
   for (int i = 0; i < 13; ++i) lines[i] = pad("L" + std::to_string(2 * (i + 1)), 30);
   rig.sts(stsReply("00110110110000", lines));
-  EXPECT_EQ(st.display.names[0], pad("L6", 24) + pad("L8", 24));
-  EXPECT_EQ(st.display.names[1], pad("L12", 24) + pad("L14", 24));
-  EXPECT_EQ(st.display.names[2], pad("L18", 24) + pad("L20", 24));
+  EXPECT_EQ(st.display.names, (Names{pad("L6", 24) + pad("L8", 24), pad("L12", 24) + pad("L14", 24),
+                                     pad("L18", 24) + pad("L20", 24)}));
 }
 
 TEST(RenderStatus, MenuLinesInvertWhereTheirAttributeIsOne) {
@@ -219,11 +205,9 @@ TEST(RenderStatus, MenuLinesInvertWhereTheirAttributeIsOne) {
       "STS,1111111111,Item 1,,Item 2,1,Item 3,0,Item 4,,Item 5,,Item 6,,Item 7,,Item 8,,"
       "Item 9,,Item 10,\r");
   const auto& rows = rig.vc->status.display.rows;
-  EXPECT_EQ(rows[1].text, "Item 2");
-  EXPECT_TRUE(rows[1].inverted);
-  EXPECT_FALSE(rows[0].inverted);
-  EXPECT_FALSE(rows[2].inverted);
-  EXPECT_EQ(rows[9].text, "Item 10");
+  EXPECT_EQ(std::tie(rows[1].text, rows[9].text), std::make_tuple("Item 2", "Item 10"));
+  EXPECT_EQ(std::make_tuple(rows[0].inverted, rows[1].inverted, rows[2].inverted),
+            std::make_tuple(false, true, false));
 
   std::string sparse = "STS,0001111000000000";
   for (int f = 2; f <= 29; ++f) sparse += ",F" + std::to_string(f);
@@ -237,11 +221,10 @@ TEST(RenderStatus, TheChannelScreenGivesServiceFavoritesAndFrequencyLines) {
   auto lines = channelScreen();
   lines[5] = pad("Fire Dispatch  ", 15) + " " + pad("Engine 1", 16) + "    ";
   rig.sts(stsReply("0000100", lines));
-  const auto& d = rig.vc->status.display;
-  EXPECT_EQ(d.service, "Fire Dispatch  ");
-  EXPECT_EQ(d.fav, "My List         ");
-  EXPECT_EQ(d.frequencyLines[0], pad("Scan", 36));
-  EXPECT_EQ(d.frequencyLines[2], pad("154.4300MHz", 36));  // line 5, and the empty field 16
+  const auto& d = rig.vc->status.display;  // frequency line 3: line 5, and the empty field 16
+  EXPECT_EQ(std::tie(d.service, d.fav, d.frequencyLines[0], d.frequencyLines[2]),
+            std::make_tuple("Fire Dispatch  ", "My List         ", pad("Scan", 36),
+                            pad("154.4300MHz", 36)));
 }
 
 TEST(StsParser, CloseCallAndUidComeFromTheirLines) {
@@ -252,18 +235,15 @@ TEST(StsParser, CloseCallAndUidComeFromTheirLines) {
   lines[3] = pad(pad("155.4750MHz", 17) + "NFM", 36);
   lines[6] = pad("UID:1872001", 20) + pad("My List", 16);
   rig.sts(stsReply("0000100", lines));
-  EXPECT_EQ(st.ccdata[0], "155.4750MHz ");
-  EXPECT_EQ(st.ccdata[1], "NFM");
-  EXPECT_EQ(st.ldat[ld::kUid], "1872001");
-  EXPECT_EQ(st.uidText, "1872001");
+  EXPECT_EQ(std::tie(st.ccdata[0], st.ccdata[1], st.ldat[ld::kUid], st.uidText),
+            std::make_tuple("155.4750MHz ", "NFM", "1872001", "1872001"));
 
   lines = channelScreen();
   lines[5] = pad("Fire Dispatch", 14) + "TGID:2412";
   lines[6] = pad("Engine 5 tagged", 40);
   rig.sts(stsReply("0000100", lines));
-  EXPECT_EQ(st.ccdata[0], "");
-  EXPECT_EQ(st.ldat[ld::kUid], pad("Engine 5 tagged", 37));
-  EXPECT_EQ(st.uidText, "TaggedID?");
+  EXPECT_EQ(std::tie(st.ccdata[0], st.ldat[ld::kUid], st.uidText),
+            std::make_tuple("", pad("Engine 5 tagged", 37), "TaggedID?"));
 
   std::vector<std::string> eleven(11, "");
   eleven[10] = "UID:  99     x";  // nine characters from column 5, trimmed
@@ -286,11 +266,9 @@ TEST(StsParser, TheSdsWindowReadsTheSiteLines) {
       "STS,00001010100000000,Scan Mode.,,Sys ID: 1A2     TGID: 2412    ,,"
       "RFSS ID: 1      Site ID: 12   ,,WACN: ---       NOISE:38500   ,\r");
   const auto& l = rig.vc->status.ldat;
-  EXPECT_EQ(l[ld::kSystemIndex], "1A2");
-  EXPECT_EQ(l[ld::kRfssId], "1");
-  EXPECT_EQ(l[ld::kSiteIndex], "12");
-  EXPECT_EQ(l[ld::kWacn], "");
-  EXPECT_EQ(l[ld::kInfoScanMode], "Scan Mode");
+  EXPECT_EQ(std::tie(l[ld::kSystemIndex], l[ld::kRfssId], l[ld::kSiteIndex], l[ld::kWacn],
+                     l[ld::kInfoScanMode]),
+            std::make_tuple("1A2", "1", "12", "", "Scan Mode"));
 }
 
 TEST(RenderStatusSds, BetweenHitsTheChannelScreensNamesComeFromItsOwnLines) {
@@ -306,8 +284,9 @@ TEST(RenderStatusSds, BetweenHitsTheChannelScreensNamesComeFromItsOwnLines) {
   } cases[] = {{"00001010100000000", "L10", "L14"}, {"0000100", "L6", "L8"}};
   for (const Case& c : cases) {
     rig.sts(stsReply(c.word, lines));
-    EXPECT_EQ(st.display.names[0], c.system) << c.word;
-    EXPECT_EQ(st.display.names[1], c.department) << c.word;
+    EXPECT_EQ(std::tie(st.display.names[0], st.display.names[1]),
+              std::make_tuple(c.system, c.department))
+        << c.word;
   }
 }
 

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "control/poll_order.h"
 #include "control/vc_timers.h"
@@ -28,19 +26,15 @@ TEST(ScannerLinkPorts, LoadListsNumberedPortsThenRestoresTheSavedText) {
   link.onLoad();
   const auto& e = link.entries();
   ASSERT_EQ(e.size(), 41u);  // select, usb/com1..39, and the port that is no COM port
-  EXPECT_EQ(e[0].text, "select");
-  EXPECT_EQ(e[1].text, "usb/com1");
-  EXPECT_EQ(e[39].text, "usb/com39");
-  EXPECT_EQ(e[39].portName, "COM39");
-  EXPECT_EQ(e[40].text, "/dev/ttyACM0");
-  EXPECT_TRUE(rig.vc->timers.enabled(Timer9));
-  EXPECT_FALSE(link.connectEnabled());
+  EXPECT_EQ(
+      e[0].text + " " + e[1].text + " " + e[39].text + " " + e[39].portName + " " + e[40].text,
+      "select usb/com1 usb/com39 COM39 /dev/ttyACM0");
+  EXPECT_TRUE(rig.vc->timers.enabled(Timer9) && !link.connectEnabled());
 
   Settings s(rig.settings);
   s.put("vc", "comport", "usb/com7");
   rig.run(500);  // the one-shot restore
-  EXPECT_FALSE(rig.vc->timers.enabled(Timer9));
-  EXPECT_TRUE(link.connectEnabled());
+  EXPECT_TRUE(!rig.vc->timers.enabled(Timer9) && link.connectEnabled());
   EXPECT_EQ(e[link.selectedIndex()].text, "usb/com7");
 }
 
@@ -52,8 +46,7 @@ TEST(ScannerLinkPorts, ASavedPortThatIsNoEntryLeavesSelectChosenWithoutAnError) 
     rig.vc->link.onLoad();
     rig.vc->link.onTimer9(s);
     EXPECT_EQ(rig.vc->link.selectedIndex(), 0) << stored;
-    EXPECT_TRUE(rig.feedback.messages.empty());
-    EXPECT_EQ(rig.feedback.beeps, 0);
+    EXPECT_TRUE(rig.feedback.messages.empty() && rig.feedback.beeps == 0);
   }
 }
 
@@ -65,10 +58,9 @@ TEST(ScannerLinkPorts, ScanKeepsThePortsThatAnswerAndReselectsTheSavedOne) {
   link.onLoad();
   link.scanPorts(s);
   ASSERT_EQ(link.entries().size(), 3u);
-  EXPECT_EQ(link.entries()[1].text, "usb/com3");
-  EXPECT_EQ(link.entries()[2].text, "usb/com7");
-  EXPECT_EQ(link.portPresent[3], 1);
-  EXPECT_EQ(link.portPresent[4], 0);
+  EXPECT_EQ(std::tie(link.entries()[1].text, link.entries()[2].text, link.portPresent[3],
+                     link.portPresent[4]),
+            std::make_tuple("usb/com3", "usb/com7", 1, 0));
   EXPECT_EQ(link.selectedIndex(), 2);
 }
 
@@ -87,33 +79,27 @@ TEST(ScannerLinkConnect, AnOpenErrorOrNoPortChosenBeepsAndNothingIsPolled) {
   VcRig rig(Family::Bcd);
   rig.port.openError = kPortErrorInvalidPort;
   rig.connect("COM5");
-  EXPECT_EQ(rig.vc->link.title(), "usb/comport error: 8002");
-  EXPECT_EQ(rig.feedback.beeps, 1);
-  EXPECT_EQ(rig.vc->link.waitingReply, 0);
-  EXPECT_FALSE(rig.vc->timers.enabled(Timer1));
-  EXPECT_FALSE(rig.vc->timers.enabled(Timer10));
+  EXPECT_EQ(std::make_tuple(rig.vc->link.title(), rig.feedback.beeps, rig.vc->link.waitingReply),
+            std::make_tuple("usb/comport error: 8002", 1, 0));
+  EXPECT_FALSE(rig.vc->timers.enabled(Timer1) || rig.vc->timers.enabled(Timer10));
   rig.run(1000);
   EXPECT_TRUE(rig.port.commands().empty());
   // With "select" chosen, Connect only beeps.
   VcRig none(Family::Bcd);
   none.vc->link.onLoad();
   none.vc->link.connect();
-  EXPECT_EQ(none.feedback.beeps, 1);
-  EXPECT_EQ(none.port.openCount, 0);
+  EXPECT_EQ(std::tie(none.feedback.beeps, none.port.openCount), std::make_tuple(1, 0));
   EXPECT_FALSE(none.vc->timers.enabled(Timer1));
 }
 
 TEST(ScannerLinkConnect, ConnectWaitsHalfASecondThenOpensAtTheFixedSettings) {
   VcRig rig(Family::Bcd);
   rig.connect("COM3");
-  EXPECT_EQ(rig.port.lastPort, "COM3");
-  EXPECT_EQ(rig.port.lastSettings, "115200,n,8,1");
-  ASSERT_EQ(rig.pump.waits.size(), 1u);
-  EXPECT_EQ(rig.pump.waits[0], 500);
-  EXPECT_EQ(rig.vc->link.title(), "ZEL536PRO ");
-  EXPECT_TRUE(rig.vc->timers.enabled(Timer1));
-  EXPECT_TRUE(rig.vc->timers.enabled(Timer10));
-  EXPECT_EQ(rig.vc->link.waitingReply, 0);
+  EXPECT_EQ(std::make_tuple(rig.port.lastPort, rig.port.lastSettings, rig.vc->link.title(),
+                            rig.vc->link.waitingReply),
+            std::make_tuple("COM3", "115200,n,8,1", "ZEL536PRO ", 0));
+  EXPECT_EQ(rig.pump.waits, std::vector<int>{500});
+  EXPECT_TRUE(rig.vc->timers.enabled(Timer1) && rig.vc->timers.enabled(Timer10));
 }
 
 TEST(ScannerLinkConnect, TheRestoreOfTheSavedPortDuringTheWaitDoesNotChangeThePortOpened) {
@@ -139,8 +125,7 @@ TEST(ScannerLinkConnect, TheRestoreOfTheSavedPortDuringTheWaitDoesNotChangeThePo
   vc.link.selectPortName("COM7");
   vc.link.connect();  // waits from 200 to 700 ms; the restore runs meanwhile
   EXPECT_FALSE(vc.timers.enabled(Timer9));
-  EXPECT_EQ(vc.link.entries()[vc.link.selectedIndex()].portName, "COM7");  // and keeps it
-  EXPECT_EQ(port.lastPort, "COM7");
+  EXPECT_EQ(vc.link.entries()[vc.link.selectedIndex()].portName + port.lastPort, "COM7COM7");
   EXPECT_TRUE(port.isOpen());
 }
 
@@ -241,10 +226,9 @@ TEST(ScannerLinkReceive, PollStep99StopsTheReceiverWhileThePortStaysOpen) {
   rig.port.feed("STS,0000100,x,\r");
   int reads = rig.port.readCount;
   link.onTimer10();
-  EXPECT_EQ(rig.port.readCount, reads);
-  EXPECT_TRUE(link.rxBuffer.empty());
-  EXPECT_TRUE(rig.port.isOpen());
-  EXPECT_EQ(rig.port.bytesAvailable(), 15);
+  EXPECT_EQ(std::make_tuple(rig.port.readCount, rig.port.bytesAvailable()),
+            std::make_tuple(reads, 15));
+  EXPECT_TRUE(link.rxBuffer.empty() && rig.port.isOpen());
 }
 
 TEST(ScannerLinkReceive, AnAcceptedReplyClearsTheBufferAndDisarmsTheWatchdog) {
@@ -252,12 +236,10 @@ TEST(ScannerLinkReceive, AnAcceptedReplyClearsTheBufferAndDisarmsTheWatchdog) {
   rig.connect();
   auto& link = rig.vc->link;
   link.onTimer1();  // STS sent, watchdog armed
-  EXPECT_TRUE(rig.vc->timers.enabled(Timer2));
-  EXPECT_EQ(link.waitingReply, -1);
+  EXPECT_TRUE(rig.vc->timers.enabled(Timer2) && link.waitingReply == -1);
   rig.port.feed("STS,0000100,Scan,,\r");
   link.onTimer10();
-  EXPECT_TRUE(link.rxBuffer.empty());
-  EXPECT_EQ(link.waitingReply, 0);
+  EXPECT_TRUE(link.rxBuffer.empty() && link.waitingReply == 0);
   EXPECT_FALSE(rig.vc->timers.enabled(Timer2));
 }
 
@@ -279,11 +261,10 @@ TEST(ScannerLinkWatchdog, SilenceResetsThePortEveryTwoSecondsAndPollingResumes) 
   // The first query goes out 50 ms after connecting; two seconds later the watchdog fires.
   rig.run(2040);
   EXPECT_EQ(link.watchdogFirings, 0);
-  rig.run(20);
-  EXPECT_EQ(link.watchdogFirings, 1);
-  EXPECT_EQ(link.watchdogCount, 1);
-  EXPECT_EQ(rig.port.closeCount, 1);
-  EXPECT_EQ(rig.port.openCount, 2);  // reopened by the connect handler
+  rig.run(20);  // the port reopened by the connect handler
+  EXPECT_EQ(
+      std::tie(link.watchdogFirings, link.watchdogCount, rig.port.closeCount, rig.port.openCount),
+      std::make_tuple(1, 1, 1, 2));
   // The reset wrote a lone CR; the round starts again at STS.
   rig.run(100);
   auto it = std::find(rig.port.commands().begin(), rig.port.commands().end(), "");
@@ -309,21 +290,17 @@ TEST(ScannerLinkWatchdog, SilenceResetsThePortEveryTwoSecondsAndPollingResumes) 
 TEST(ScannerLinkWatchdog, TheCounterWrapsAfterTwentyAndTellsTheTitle) {
   for (Family family : {Family::Bcd, Family::Sds}) {
     VcRig rig(family);
+    const char* title = family == Family::Bcd ? "No scomm1unication, trying to reset com port."
+                                              : "No communication, trying to reset com port.";
     std::vector<std::string> titles;
     rig.vc->link.onTitle = [&](const std::string& t) { titles.push_back(t); };
     rig.connect();
     rig.run(20 * 2000 + 1900);
     EXPECT_EQ(rig.vc->link.watchdogCount, 20);
-    EXPECT_EQ(std::count(titles.begin(), titles.end(),
-                         family == Family::Bcd ? "No scomm1unication, trying to reset com port."
-                                               : "No communication, trying to reset com port."),
-              0);
+    EXPECT_EQ(std::count(titles.begin(), titles.end(), title), 0);
     rig.run(200);
     EXPECT_EQ(rig.vc->link.watchdogCount, 1);
-    EXPECT_EQ(std::count(titles.begin(), titles.end(),
-                         family == Family::Bcd ? "No scomm1unication, trying to reset com port."
-                                               : "No communication, trying to reset com port."),
-              1);
+    EXPECT_EQ(std::count(titles.begin(), titles.end(), title), 1);
     EXPECT_TRUE(rig.feedback.messages.empty());  // the title, never a dialog
   }
 }
@@ -338,13 +315,9 @@ TEST(ScannerLinkWatchdog, TheSdsWindowBeepsTwiceAndAppendsAnEightLineRecord) {
   rig.vc->link.onTimer10();
   rig.vc->link.onTimer2();
   EXPECT_EQ(rig.feedback.beeps, 2);
-  std::ifstream in(folder.file("comerrorlog.txt"), std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  const std::string expected =
-      "Error log: 2026-01-01 / 10:11:12\r\n1:1\r\n2:1\r\n3:8\r\n4:0\r\n"
-      "5:0\r\n6:-1\r\n7:STS,half\r\n";
-  EXPECT_EQ(text.str(), expected);
+  EXPECT_EQ(readFile(folder.file("comerrorlog.txt")),
+            "Error log: 2026-01-01 / 10:11:12\r\n1:1\r\n2:1\r\n3:8\r\n4:0\r\n5:0\r\n6:-1\r\n"
+            "7:STS,half\r\n");
 }
 
 TEST(ScannerLinkCommands, SendCommandNeedsAnOpenPortWhichTheReconnectOpens) {
