@@ -1,6 +1,4 @@
-// The sweep engine on a scripted port with a settable clock: the range checks and their
-// messages, the search programming on the wire, the stream reader and its statistics, the
-// SDS frames and the settings of section "scope".
+// The sweep engine on a scripted port with a settable clock.
 #include "scope/sweep_engine.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +11,6 @@
 namespace zel::scope {
 namespace {
 
-// Waits move the clock on and are recorded.
 class ClockPump : public control::EventPump {
  public:
   explicit ClockPump(ManualClock& clock) : clock_(clock) {}
@@ -36,16 +33,17 @@ struct Rig {
   RecordingFeedback feedback;
   SweepEngine engine{SweepPorts{port, clock, pump, feedback}};
 
-  // 144.0000 to 144.1250 MHz at 12.50 kHz: 10 steps of 125 units, bins 0..10.
   bool start(SweepRequest r = narrow()) {
     port.clearOutput();
     return engine.startUpdate(r);
   }
-  static SweepRequest narrow() {
+  // 144.0000 to 144.1250 MHz at 12.50 kHz: 10 steps of 125 units, bins 0..10.
+  static SweepRequest narrow() { return range("144.0000", "144.1250", 5); }
+  static SweepRequest range(const char* start, const char* stop, int step) {
     SweepRequest r;
-    r.start = "144.0000";
-    r.stop = "144.1250";
-    r.stepIndex = 5;
+    r.start = start;
+    r.stop = stop;
+    r.stepIndex = step;
     return r;
   }
   void stream(const std::string& lines) {
@@ -122,11 +120,10 @@ TEST(SweepStart, RangeChecksAndTimerInterval) {
       continue;
     }
     EXPECT_TRUE(rig.feedback.messages.empty());
-    EXPECT_EQ(rig.engine.lowFreq, c.low);
-    EXPECT_EQ(rig.engine.highFreq, c.high);
-    EXPECT_EQ(rig.engine.realSteps, c.realSteps);
-    EXPECT_EQ(rig.engine.timer1IntervalMs(), c.intervalMs);
-    EXPECT_EQ(rig.engine.stepCount, 250);  // the display's width, whatever the range
+    const SweepEngine& e = rig.engine;  // 250: the display's width, whatever the range
+    EXPECT_EQ(
+        std::make_tuple(e.lowFreq, e.highFreq, e.realSteps, e.timer1IntervalMs(), e.stepCount),
+        std::make_tuple(c.low, c.high, c.realSteps, c.intervalMs, 250));
     // Every bin the range can name is inside the arrays.
     EXPECT_GE(rig.engine.binCount(), c.realSteps + 1);
     for (const auto& row : rig.engine.traces.rows) EXPECT_EQ(row.size(), rig.engine.binCount());
@@ -136,17 +133,12 @@ TEST(SweepStart, RangeChecksAndTimerInterval) {
 
 TEST(SweepStart, LabelsShowTheRangeResolutionAndAttenuator) {
   Rig rig;
-  SweepRequest r;
-  r.start = "144.0000";
-  r.stop = "148.0000";
-  r.stepIndex = 8;  // 25.00
+  SweepRequest r = Rig::range("144.0000", "148.0000", 8);  // 25.00
   r.attenuator = true;
   ASSERT_TRUE(rig.start(r));
   EXPECT_EQ(rig.engine.label9, "Resolution: 25.00 kHz Steps: 160 Sweepcount: 0");
   EXPECT_EQ(rig.engine.label8, "ATT ON");
-  EXPECT_EQ(rig.engine.label6[0], "144.0000");
-  EXPECT_EQ(rig.engine.label6[1], "148.0000");
-  EXPECT_EQ(rig.engine.label6[2], "146.0000");
+  EXPECT_EQ(rig.engine.label6, (std::array<std::string, 3>{"144.0000", "148.0000", "146.0000"}));
   r.attenuator = false;
   ASSERT_TRUE(rig.start(r));
   EXPECT_EQ(rig.engine.label8, "");
@@ -156,10 +148,7 @@ TEST(SweepStart, LabelsShowTheRangeResolutionAndAttenuator) {
 
 TEST(SweepProgram, CommandSequenceWithWaits) {
   Rig rig;
-  SweepRequest r;
-  r.start = "144.0000";
-  r.stop = "148.0000";
-  r.stepIndex = 5;
+  SweepRequest r = Rig::range("144.0000", "148.0000", 5);
   r.modeIndex = 3;  // NFM
   r.slot = 2;
   r.attenuator = true;
@@ -200,11 +189,7 @@ TEST(SweepProgram, CsgFlagsPerSlotAndStepCodes) {
                          "1500", "2000", "2500", "5000", "10000"};
   for (int i = 0; i < 11; ++i) {
     Rig rig;
-    SweepRequest r;
-    r.start = "144.0000";
-    r.stop = "148.0000";
-    r.stepIndex = i;
-    ASSERT_TRUE(rig.start(r)) << i;
+    ASSERT_TRUE(rig.start(Rig::range("144.0000", "148.0000", i))) << i;
     EXPECT_EQ(split(rig.port.commands().at(5), ',').at(5), codes[i]);
   }
 }
@@ -330,17 +315,13 @@ TEST(SweepStream, OnlyFourFieldCscLinesAreRead) {
 
 TEST(SweepStream, AtMostAThousandLinesATick) {
   Rig rig;
-  SweepRequest r;
-  r.start = "144.0000";
-  r.stop = "146.0000";
-  r.stepIndex = 0;  // 5.0 kHz: 400 steps
+  const SweepRequest r = Rig::range("144.0000", "146.0000", 0);  // 5.0 kHz: 400 steps
   ASSERT_TRUE(rig.start(r));
   std::string burst;
   for (int i = 0; i < 1500; ++i) burst += csc(kLow + 50 * (i % 401), 20, 1);
   rig.stream(burst);
   EXPECT_EQ(rig.engine.totalHits, 1000);
-  EXPECT_EQ(rig.engine.sweepCount,
-            2);  // wraps at lines 402 and 803: the low edge itself ends nothing
+  EXPECT_EQ(rig.engine.sweepCount, 2);  // wraps at lines 402 and 803, not at the low edge
   rig.stream("");
   EXPECT_EQ(rig.engine.totalHits, 1000);  // the rest of the burst is gone
 
@@ -362,8 +343,7 @@ TEST(SweepStream, ForcedSquelchCountsLevelsAtOrAboveTheThreshold) {
   rig.stream(csc(kLow + 250, 24, 0) + csc(kLow + 375, 25, 0) + csc(kLow + 500, 60, 0));
   EXPECT_EQ(rig.engine.totalHits, 2);
   ASSERT_EQ(rig.engine.stats.size(), 2u);
-  EXPECT_EQ(rig.engine.stats[0].key, "A3");
-  EXPECT_EQ(rig.engine.stats[1].key, "A4");
+  EXPECT_EQ(rig.engine.stats[0].key + rig.engine.stats[1].key, "A3A4");
   // The trace still shows the closed squelch filter.
   EXPECT_DOUBLE_EQ(rig.engine.traces.rows[2][3], 25);
 }
@@ -379,6 +359,13 @@ TEST(SweepStream, AFrequencyAboveTheRangeWritesNothing) {
 }
 
 // --- Statistics -----------------------------------------------------------------------
+
+std::string statText(const StatRow& r) {
+  return r.key + " " + r.frequency + " " + std::to_string(r.hits) + " " +
+         std::to_string(r.occupancy) + "/" + std::to_string(r.occupancyHour) + "/" +
+         std::to_string(r.occupancyDay) + " " + std::to_string(r.low) + "-" +
+         std::to_string(r.high) + " " + r.lastDate + " " + r.lastTime + (r.bold ? " bold" : "");
+}
 
 TEST(SweepStats, HitsPerBinHourAndDayWithTruncatedPercentages) {
   Rig rig;
@@ -405,23 +392,9 @@ TEST(SweepStats, HitsPerBinHourAndDayWithTruncatedPercentages) {
   ASSERT_EQ(hits.size(), 4u);
   EXPECT_EQ(hits[0], std::make_tuple(5, 40, 1440625));
   ASSERT_EQ(rig.engine.stats.size(), 2u);
-  const StatRow& a5 = rig.engine.stats[0];
-  EXPECT_EQ(a5.key, "A5");
-  EXPECT_EQ(a5.frequency, "0144.0625");
-  EXPECT_EQ(a5.hits, 3);
-  EXPECT_EQ(a5.occupancy, 100);
-  EXPECT_EQ(a5.occupancyHour, 33);  // one of three in the hour of 10
-  EXPECT_EQ(a5.occupancyDay, 100);
-  EXPECT_EQ(a5.low, 40);
-  EXPECT_EQ(a5.high, 60);
-  EXPECT_EQ(a5.lastDate, "2026-01-04");
-  EXPECT_EQ(a5.lastTime, "10:00:01");
-  EXPECT_FALSE(a5.bold);  // un-bolded at the end of the sweep
-  const StatRow& a7 = rig.engine.stats[1];
-  EXPECT_EQ(a7.key, "A7");
-  EXPECT_EQ(a7.hits, 1);
-  EXPECT_EQ(a7.occupancy, 33);  // 1 / 3 truncated
-  EXPECT_EQ(a7.occupancyHour, 0);
+  // A5: one of three in the hour of 10, un-bolded at the end of the sweep; A7: 1 / 3 truncated.
+  EXPECT_EQ(statText(rig.engine.stats[0]), "A5 0144.0625 3 100/33/100 40-60 2026-01-04 10:00:01");
+  EXPECT_EQ(statText(rig.engine.stats[1]), "A7 0144.0875 1 33/0/33 33-33 2026-01-04 09:15:00");
   // A hit in the sweep now running shows bold.
   rig.stream(csc(kLow + 875, 70, 1));
   EXPECT_TRUE(rig.engine.stats[1].bold);
@@ -499,17 +472,14 @@ TEST(SweepSds, ModelDecidesThePathAndFramesFillTheLiveTrace) {
   EXPECT_TRUE(rig.engine.timer2Enabled());
   EXPECT_FALSE(rig.engine.timer3Enabled());
   EXPECT_EQ(SweepEngine::kSdsTimerMs, 100);
-  EXPECT_DOUBLE_EQ(rig.engine.traces.rows[0][0], 0);
-  EXPECT_DOUBLE_EQ(rig.engine.traces.rows[0][9], 9);
-  EXPECT_DOUBLE_EQ(rig.engine.traces.rows[0][100], 77);
-  EXPECT_DOUBLE_EQ(rig.engine.traces.rows[0][249], 9);
+  const auto& live = rig.engine.traces.rows[0];
+  EXPECT_EQ(std::vector<double>({live[0], live[9], live[100], live[249]}),
+            (std::vector<double>{0, 9, 77, 9}));
   EXPECT_EQ(rig.engine.streamLines.back(), "9 : ");
   EXPECT_EQ(rig.engine.sweepCount, 1);
-  EXPECT_EQ(draws, 2);  // the frame's end, then the draw of the tick
-  ASSERT_EQ(rig.engine.stats.size(), 1u);
-  EXPECT_EQ(rig.engine.stats[0].key, "A100");
-  EXPECT_EQ(rig.engine.stats[0].frequency, "0145.6000");  // 144 + 4 MHz * 100 / 250
-  EXPECT_EQ(rig.engine.stats[0].occupancy, 100);
+  EXPECT_EQ(draws, 2);                     // the frame's end, then the draw of the tick
+  ASSERT_EQ(rig.engine.stats.size(), 1u);  // 144 + 4 MHz * 100 / 250
+  EXPECT_EQ(statText(rig.engine.stats[0]).substr(0, 20), "A100 0145.6000 1 100");
   // Nothing arrived: no frame, the values stay, Timer2 asks again.
   rig.engine.onTimer2();
   rig.engine.onTimer3();
@@ -534,13 +504,13 @@ TEST(SweepSds, APortThatCannotOpenSaysSo) {
 TEST(ScopeSettingsTest, DefaultsAndRoundTripWithTheMark) {
   MemorySettingsStore store;
   ScopeSettings s = ScopeSettings::load(store);
-  EXPECT_EQ(s.request.start, "144.0000");
-  EXPECT_EQ(s.request.stop, "148.0000");
-  EXPECT_EQ(s.request.center, "146.0000");
-  EXPECT_EQ(s.request.span, "4.0");
-  EXPECT_EQ(s.request.stepIndex, 7);
-  EXPECT_EQ(s.rangeIndex, 9);
-  EXPECT_FALSE(s.request.attenuator);
+  const auto fields = [](const ScopeSettings& v) {
+    const SweepRequest& r = v.request;
+    return std::make_tuple(r.start, r.stop, r.center, r.span, r.stepIndex, v.rangeIndex,
+                           r.attenuator, r.noiseFilterIndex, v.gain, v.port);
+  };
+  EXPECT_EQ(fields(s), std::make_tuple("144.0000", "148.0000", "146.0000", "4.0", 7, 9, false, 0, 0,
+                                       std::string()));
 
   s.request.start = "150.1000";
   s.request.stepIndex = 2;
@@ -554,13 +524,7 @@ TEST(ScopeSettingsTest, DefaultsAndRoundTripWithTheMark) {
   EXPECT_EQ(raw, "150.1000x");
   ASSERT_TRUE(store.read("scope", "bc_att", raw));
   EXPECT_EQ(raw, "1x");
-  ScopeSettings back = ScopeSettings::load(store);
-  EXPECT_EQ(back.request.start, "150.1000");
-  EXPECT_EQ(back.request.stepIndex, 2);
-  EXPECT_TRUE(back.request.attenuator);
-  EXPECT_EQ(back.request.noiseFilterIndex, 3);
-  EXPECT_EQ(back.gain, -4);
-  EXPECT_EQ(back.port, "/dev/ttyACM1");
+  EXPECT_EQ(fields(ScopeSettings::load(store)), fields(s));
 
   // A step index beyond the list is held to it.
   store.write("scope", "bc_step", "40x");
