@@ -79,6 +79,13 @@ std::vector<TalkgroupRow> makeTalkgroups() {
   return rows;
 }
 
+// The SIF line of a site made by makeSite; `tail` the fields after the band.
+std::string sif(int id, const std::string& name, const std::string& band,
+                const std::string& tail = ",,,,,,,,,,,") {
+  return "SIF,Site,SiteId=" + std::to_string(id) + ",TrunkId=1," + name +
+         ",Off,41.500000,-81.250000,12.0,AUTO," + band + ",Wide,Circle,0," + tail;
+}
+
 ImportOptions gpsOptions() {
   ImportOptions o;
   o.importGps = true;
@@ -404,9 +411,7 @@ TEST(TrunkImport, MotorolaSystemWithDepartmentsAndTalkgroups) {
                 "2,1003,Fire Talk,Off,All,,2,0,Off,Auto,,,,,Any"}));
   EXPECT_EQ(im.rows.load("GRP-999-001-002"),
             (std::vector<std::string>{"1,1002,Law Tac,Off,Analog,Law Tac,2,0,Off,Auto,,,,,Any"}));
-  EXPECT_EQ(im.text("SIT-001-001"),
-            "SIF,Site,SiteId=5,TrunkId=1,North Hill,Off,41.500000,-81.250000,12.0,AUTO,Standard,"
-            "Wide,Circle,0,,,,,,,,,,,,");
+  EXPECT_EQ(im.text("SIT-001-001"), sif(5, "North Hill", "Standard"));
   EXPECT_EQ(im.doc.systems.get(1, 10), "1");
   EXPECT_EQ(std::tie(result.departments, result.channels, result.frequencies),
             std::make_tuple(2, 3, 3));
@@ -433,9 +438,7 @@ TEST(TrunkImport, OptionsAndTypesShapeTheLines) {
          o.untaggedTrunk = 21;  // "Other"
        },
        {{"GRP-999-001-002", kGin + "Police,Off," + noPlace + ",,2,"},
-        {"SIT-001-002",
-         "SIF,Site,SiteId=6,TrunkId=1,South,Off,41.500000,-81.250000,12.0,AUTO,Standard,Wide,"
-         "Circle,0,,,,2,,,,,,,,"},  // the quick key in field 17
+        {"SIT-001-002", sif(6, "South", "Standard", ",,,2,,,,,,,,")},  // the quick key
         {"row 2", "2,1003,Fire Talk,Off,All,Other,2,0,Off,Auto,,,,,Any"}},
        {}},
       {"splinter site with a band plan, rebanded site with the fixed one", "Motorola", "2",
@@ -449,12 +452,8 @@ TEST(TrunkImport, OptionsAndTypesShapeTheLines) {
        {{"MCP-001-001",
          "MCP,type,406.1000,410.8375,12.5,0,407.0000,411.7375,12.5,380,,,,,,,,,,,,,,,,"},
         {"MCP-001-002", kRebandedPlanLine},
-        {"SIT-001-001",
-         "SIF,Site,SiteId=5,TrunkId=1,North Hill,Off,41.500000,-81.250000,12.0,AUTO,Splinter,"
-         "Wide,Circle,0,,,,,,,,,,,,"},
-        {"SIT-001-002",
-         "SIF,Site,SiteId=6,TrunkId=1,South,Off,41.500000,-81.250000,12.0,AUTO,Custom/Rebanded,"
-         "Wide,Circle,0,,,,,,,,,,,,"}},
+        {"SIT-001-001", sif(5, "North Hill", "Splinter")},
+        {"SIT-001-002", sif(6, "South", "Custom/Rebanded")}},
        {}},
       {"splinter and rebanded hold only for Motorola", "Edacs", "8",
        [](ImportOptions&, TrunkSystem&, std::vector<TalkgroupRow>& t, std::vector<SiteRow>& r) {
@@ -462,10 +461,7 @@ TEST(TrunkImport, OptionsAndTypesShapeTheLines) {
          r.resize(1);
          r[0].splinter = r[0].rebanded = true;
        },
-       {{"MCP-001-001", ""},
-        {"SIT-001-001",
-         "SIF,Site,SiteId=5,TrunkId=1,North Hill,Off,41.500000,-81.250000,12.0,AUTO,Standard,"
-         "Wide,Circle,0,,,,,,,,,,,,"}},
+       {{"MCP-001-001", ""}, {"SIT-001-001", sif(5, "North Hill", "Standard")}},
        {}},
       {"LTR: Motorola in the header, padded ids, the warning for two sites", "LTR", "12",
        [](ImportOptions&, TrunkSystem&, std::vector<TalkgroupRow>&, std::vector<SiteRow>&) {},

@@ -25,34 +25,30 @@ const SoapNode& echo(const SoapEnvelope& request, SoapEnvelope& parsed) {
 }
 
 TEST(SoapEnvelope, EveryTextIsEscapedAndComesBackAsLatin1) {
-  struct Case {
-    const char* value;
-    const char* onTheWire;  // must stand in the request as written
-  };
-  const Case cases[] = {
+  // Each value and how it must stand in the request.
+  const std::pair<const char*, const char*> cases[] = {
       {"pa&ss", "pa&amp;ss"},
       {"<b>", "&lt;b&gt;"},
       {"say \"hi\"", "say &quot;hi&quot;"},
       {"it's", "it&apos;s"},
       {"caf\xE9", "caf\xC3\xA9"},
       {"&amp;", "&amp;amp;"},
-      {"Z\xFCrich & K\xF6ln <", "Z\xC3\xBCrich &amp; K\xC3\xB6ln &lt;"},
-  };
-  for (const Case& c : cases) {
+      {"Z\xFCrich & K\xF6ln <", "Z\xC3\xBCrich &amp; K\xC3\xB6ln &lt;"}};
+  for (const auto& [value, onTheWire] : cases) {
     SoapEnvelope request;
     request.SetMethod("getUserDataRequest", "urn:m");
     SoapNode& auth = request.Parameters().Create("authInfo", {}, "tns:authInfo");
     auth.setKind(SoapNode::Kind::Structure);
-    auth.Nodes().Create("password", c.value, "xsd:string");
-    request.Parameters().Create("note", "x", std::string("xsd:string\"") + c.value);
+    auth.Nodes().Create("password", value, "xsd:string");
+    request.Parameters().Create("note", "x", std::string("xsd:string\"") + value);
     const std::string text = request.Serialize();
-    EXPECT_NE(text.find(std::string(">") + c.onTheWire + "</password>"), std::string::npos) << text;
+    EXPECT_NE(text.find(std::string(">") + onTheWire + "</password>"), std::string::npos) << text;
     SoapEnvelope parsed;
     const SoapNode& method = echo(request, parsed);
     EXPECT_EQ(method.Name(), "getUserDataRequest");
     ASSERT_NE(method.Nodes().ItemByName("authInfo"), nullptr);
-    EXPECT_EQ(method.Nodes().ItemByName("authInfo")->childText("password"), c.value);
-    EXPECT_EQ(method.Nodes().Item(1).type(), std::string("xsd:string\"") + c.value);
+    EXPECT_EQ(method.Nodes().ItemByName("authInfo")->childText("password"), value);
+    EXPECT_EQ(method.Nodes().Item(1).type(), std::string("xsd:string\"") + value);
   }
 }
 
@@ -119,10 +115,9 @@ TEST(SoapEnvelope, ReplyNodesTakeLocalNamesNilAndArrays) {
   EXPECT_FALSE(envelope.isFault());
   EXPECT_EQ(envelope.Serialize(), text);
   const SoapNode& top = envelope.Parameters().Item(0);
-  EXPECT_EQ(top.Name(), "getTrsSitesResponse");
   const SoapNode& site = top.Nodes().Item(0);
-  EXPECT_EQ(site.kind(), SoapNode::Kind::Structure);
-  EXPECT_EQ(site.type(), "tns:TrsSite");
+  EXPECT_EQ(std::make_tuple(top.Name(), site.kind(), site.type()),
+            std::make_tuple("getTrsSitesResponse", SoapNode::Kind::Structure, "tns:TrsSite"));
 
   const SoapNode* rectangles = site.Nodes().ItemByName("rectangles");
   ASSERT_NE(rectangles, nullptr);
@@ -145,12 +140,11 @@ TEST(SoapEnvelope, FaultsInEitherEncoding) {
     const char* forced;  // the encoding handed to Parse
     std::string detail;  // the fault text's bytes in that encoding
   };
-  const Case cases[] = {
-      {"ISO-8859-1", "", "Mot de passe erron\xE9"},
-      {"utf-8", "", "Mot de passe erron\xC3\xA9"},
-      {"", "ISO-8859-1", "Mot de passe erron\xE9"},
-      {"ISO-8859-1", "UTF-8", "Mot de passe erron\xC3\xA9"},
-  };
+  const std::string latin1 = "Mot de passe erron\xE9", utf8 = "Mot de passe erron\xC3\xA9";
+  const Case cases[] = {{"ISO-8859-1", "", latin1},
+                        {"utf-8", "", utf8},
+                        {"", "ISO-8859-1", latin1},
+                        {"ISO-8859-1", "UTF-8", utf8}};
   for (const Case& c : cases) {
     std::string text = reply(
         "<SOAP-ENV:Fault><faultcode xsi:type=\"xsd:string\">AUTH</faultcode>"
@@ -162,9 +156,10 @@ TEST(SoapEnvelope, FaultsInEitherEncoding) {
     const SoapParseResult result = envelope.Parse(text, c.forced);
     ASSERT_TRUE(result.ok) << result.error;
     EXPECT_TRUE(envelope.isFault());
-    EXPECT_EQ(envelope.fault().faultcode, "AUTH");
-    EXPECT_EQ(envelope.fault().faultstring, "Mot de passe erron\xE9") << c.prolog << c.forced;
-    EXPECT_EQ(envelope.Parameters().Item(0).Name(), "Fault");
+    EXPECT_EQ(std::make_tuple(envelope.fault().faultcode, envelope.fault().faultstring,
+                              envelope.Parameters().Item(0).Name()),
+              std::make_tuple("AUTH", latin1, "Fault"))
+        << c.prolog << c.forced;
   }
 }
 
@@ -195,8 +190,7 @@ TEST(SoapEnvelope, BadRepliesAreRefused) {
     EXPECT_FALSE(result.ok) << c.text.substr(0, 60);
     EXPECT_FALSE(result.error.empty());
     if (c.line > 0) {
-      EXPECT_EQ(result.line, c.line) << c.text;
-      EXPECT_EQ(result.position, c.position) << c.text;
+      EXPECT_EQ(std::tie(result.line, result.position), std::tie(c.line, c.position)) << c.text;
       EXPECT_EQ(envelope.Serialize(), c.text);
     }
     EXPECT_EQ(envelope.Parameters().Count(), 0u);
@@ -222,16 +216,11 @@ TEST(SoapNode, ValuesAsNumbers) {
   }
   SoapNode nil("f", "5");
   nil.setNull(true);
-  EXPECT_EQ(nil.ValueInt(), 0);
-  EXPECT_EQ(nil.ValueDouble(), 0.0);
+  EXPECT_EQ(std::make_pair(nil.ValueInt(), nil.ValueDouble()), std::make_pair(0LL, 0.0));
 }
 
 TEST(SoapText, Utf8ToLatin1) {
-  struct Case {
-    std::string utf8;
-    std::string latin1;
-  };
-  const Case cases[] = {
+  const std::pair<std::string, std::string> cases[] = {
       {"caf\xC3\xA9", "caf\xE9"},
       {"\xC2\xA0\xC3\xBF", "\xA0\xFF"},
       {"\xE2\x82\xAC 5", "? 5"},         // beyond Latin-1
@@ -241,9 +230,7 @@ TEST(SoapText, Utf8ToLatin1) {
       {"\xC0\x80", "\xC0\x80"},          // overlong: kept
       {"\xED\xA0\x80", "\xED\xA0\x80"},  // surrogate: kept
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(utf8ToLatin1(c.utf8), c.latin1) << c.utf8;
-  }
+  for (const auto& [utf8, latin1] : cases) EXPECT_EQ(utf8ToLatin1(utf8), latin1) << utf8;
   for (int b = 0; b < 256; ++b) {
     const std::string one(1, static_cast<char>(b));
     EXPECT_EQ(utf8ToLatin1(latin1ToUtf8(one)), one) << b;
