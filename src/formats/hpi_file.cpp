@@ -30,7 +30,14 @@ std::string formatHpi(const HpiAttributes& attributes) {
   std::string out = kHpiHeader;
   out += "\r\n";
   for (const std::string& value : attributes) {
-    out += value;
+    // One line a value: a line end inside it would move every later attribute. A value
+    // that begins and ends with '"' gets one more pair, which the reader takes off again.
+    std::string line;
+    for (char c : value) {
+      if (c != '\r' && c != '\n') line.push_back(c);
+    }
+    if (line.size() >= 2 && line.front() == '"' && line.back() == '"') line = '"' + line + '"';
+    out += line;
     out += "\r\n";
   }
   return out;

@@ -61,6 +61,30 @@ constexpr std::array<HeadingRule, 39> kHeadingRules = {{
     {"NAC", Rule::Code},
 }};
 
+// A typed coordinate keeps its leading number only (blanks, sign, digits, one decimal mark,
+// written as "."): whatever follows it, a comma or a line end among them, would otherwise
+// reach the record as it was typed.
+std::string coordinateText(std::string_view text, DecimalMark mark) {
+  std::string_view t = trimView(text);
+  std::string out;
+  std::size_t i = 0;
+  if (i < t.size() && (t[i] == '-' || t[i] == '+')) out.push_back(t[i++]);
+  bool point = false;
+  for (; i < t.size(); ++i) {
+    const char c = t[i];
+    if (c >= '0' && c <= '9') {
+      out.push_back(c);
+    } else if (!point && (c == '.' || c == mark.sign())) {
+      out.push_back('.');
+      point = true;
+    } else {
+      break;
+    }
+  }
+  if (out == "-" || out == "+") return {};
+  return out;
+}
+
 CommitResult stored(std::string text) {
   CommitResult r;
   r.text = std::move(text);
@@ -119,9 +143,9 @@ CommitResult commitText(std::string_view heading, std::string_view text,
     case Rule::Offset:
       return fromOptional(normaliseOffset(text, rules.mark));
     case Rule::Latitude:
-      return stored(gps::ClampLatitude(text, rules.mark));
+      return stored(gps::ClampLatitude(coordinateText(text, rules.mark), rules.mark));
     case Rule::Longitude:
-      return stored(gps::ClampLongitude(text, rules.mark));
+      return stored(gps::ClampLongitude(coordinateText(text, rules.mark), rules.mark));
     case Rule::Step:
       return fromOptional(normaliseStep(text, rules.mark));
     case Rule::Talkgroup:
@@ -139,6 +163,8 @@ CommitResult commitText(std::string_view heading, std::string_view text,
     case Rule::Lcn:
       return stored(applyNumberRule(text, {4094, 0, 0, true, false}));
     case Rule::NumberTag:
+      // "Off" is the files' own word for a row without a number tag; it is not a 0.
+      if (iequals(trimView(text), "Off")) return stored("Off");
       return stored(applyNumberRule(text, {999, 0, 0, true, false}));
     case Rule::Small:
       return stored(applyNumberRule(text, {99, 0, 0, true, false}));

@@ -57,6 +57,18 @@ TEST(HpiFiles, PathsAndAttributes) {
   std::string want = "[TargetModel HomePatrol-2]\r\n\r\n\r\n\r\n/path\r\n";
   for (int i = 0; i < 8; ++i) want += "\r\n";
   EXPECT_EQ(formatHpi(b), want);
+  // Whatever a value holds, the written file reads back to the same attributes.
+  HpiAttributes c;
+  c[0] = "\"\"";
+  c[1] = "\"in quotes\"";
+  c[2] = "two\r\nlines";
+  test::spit(dir.file("c.hpi"), formatHpi(c));
+  std::optional<HpiAttributes> back = readHpi(dir.file("c.hpi"));
+  ASSERT_TRUE(back.has_value());
+  EXPECT_EQ((*back)[0], c[0]);
+  EXPECT_EQ((*back)[1], c[1]);
+  EXPECT_EQ((*back)[2], "twolines");
+  EXPECT_EQ((*back)[3], "");
 }
 
 }  // namespace

@@ -31,6 +31,9 @@ const HeadingCase kHeadings[] = {
     {"Offset Frequency", "0.6", "0.600000"},
     {"Latitude", "95", "90"},
     {"Longitude", "-200", "-180"},
+    {"Latitude", "41.5, x", "41.5"},  // a coordinate keeps its number only
+    {"Longitude", "ire, \"Dispatch\"", ""},
+    {"Longitude", " -81.25\r\n", "-81.25"},
     {"Step:", "12.5", "12.500000"},
     {"Spacing:", "112.5", "112.500000"},
     {"Talkgroup", "I1234", "i1234"},
@@ -55,6 +58,7 @@ const HeadingCase kHeadings[] = {
     {"NumberTag", "1000", "999"},
     {"NumberTag", "12.5", "12.5"},
     {"NumberTag", "abc", "0"},
+    {"NumberTag", "off", "Off"},  // the files' word for no number tag
     {"NumberTag", "7 of 9", "7"},
     {"Bank Channel", "150", "99"},
     {"Threshold Low", "-4", "0"},
