@@ -10,50 +10,39 @@ namespace zel::control {
 namespace {
 
 TEST(KeyTable, EveryNameSendsItsCommandInEachFamily) {
+  // FUNC is the only key that is held.
+  const std::pair<const char*, const char*> both[] = {
+      {"SCAN", "JPM,SCN_MODE"}, {"Search", "JPM,CTM_MODE,1"},
+      {"SQL", "KEY,Q,P"},       {"VOL", "KEY,V,P"},
+      {"MONI", "SQL,0"},        {"MUTE", "VOL,0"},
+      {"7", "KEY,7,P"},         {".", "KEY,.,P"},
+      {"SYSTEM", "KEY,A,P"},    {"DEPT", "KEY,B,P"},
+      {"CHANNEL", "KEY,C,P"},   {"E", "KEY,E,P"},
+      {"FUNC", "KEY,F,H"},      {"AVOID", "KEY,L,P"},
+      {"MENU", "KEY,M,P"},      {"ZIP", "KEY,Z,P"},
+      {"REPLAY", "KEY,Y,P"},    {"t", "KEY,>,P"},
+      {"u", "KEY,<,P"},         {"vfo", "KEY,^,P"}};
   struct Case {
     const char* name;
     const char* bcd;
     const char* sds;
   } cases[] = {
-      {"SCAN", "JPM,SCN_MODE", "JPM,SCN_MODE"},
-      {"Scan", "", "JPM,SCN_MODE"},
-      {"To Scan", "", "JPM,SCN_MODE"},
-      {"Search", "JPM,CTM_MODE,1", "JPM,CTM_MODE,1"},
-      {"SQL", "KEY,Q,P", "KEY,Q,P"},
-      {"VOL", "KEY,V,P", "KEY,V,P"},
-      {"MONI", "SQL,0", "SQL,0"},
-      {"MUTE", "VOL,0", "VOL,0"},
-      {"7", "KEY,7,P", "KEY,7,P"},
-      {".", "KEY,.,P", "KEY,.,P"},
-      {"SYSTEM", "KEY,A,P", "KEY,A,P"},
-      {"Step", "", "KEY,A,P"},
-      {"DEPT", "KEY,B,P", "KEY,B,P"},
-      {"Max Hold", "", "KEY,B,P"},
-      {"CHANNEL", "KEY,C,P", "KEY,C,P"},
-      {"MF > CF", "", "KEY,C,P"},
-      {"E", "KEY,E,P", "KEY,E,P"},
-      {"FUNC", "KEY,F,H", "KEY,F,H"},  // the only key that is held
-      {"AVOID", "KEY,L,P", "KEY,L,P"},
-      {"MENU", "KEY,M,P", "KEY,M,P"},
-      {"SERV", "KEY,T,P", "KEY,F,P"},
-      {"RANG", "KEY,R,P", ""},
-      {"ZIP", "KEY,Z,P", "KEY,Z,P"},
-      {"REPLAY", "KEY,Y,P", "KEY,Y,P"},
-      {"t", "KEY,>,P", "KEY,>,P"},
-      {"u", "KEY,<,P", "KEY,<,P"},
-      {"vfo", "KEY,^,P", "KEY,^,P"},
-      {"F", "KEY,^,P", "KEY,F,P"},
-      {"Nonsense", "", "KEY,C,P"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(keyCommand(Family::Bcd, c.name, false), c.bcd) << c.name;
-    EXPECT_EQ(keyCommand(Family::Sds, c.name, false), c.sds) << c.name;
+      {"Scan", "", "JPM,SCN_MODE"}, {"To Scan", "", "JPM,SCN_MODE"}, {"Step", "", "KEY,A,P"},
+      {"Max Hold", "", "KEY,B,P"},  {"MF > CF", "", "KEY,C,P"},      {"SERV", "KEY,T,P", "KEY,F,P"},
+      {"RANG", "KEY,R,P", ""},      {"F", "KEY,^,P", "KEY,F,P"},     {"Nonsense", "", "KEY,C,P"}};
+  std::vector<Case> all(std::begin(cases), std::end(cases));
+  for (const auto& [name, command] : both) all.push_back({name, command, command});
+  for (const auto& c : all) {
+    EXPECT_EQ(std::make_pair(keyCommand(Family::Bcd, c.name, false),
+                             keyCommand(Family::Sds, c.name, false)),
+              std::make_pair(std::string(c.bcd), std::string(c.sds)))
+        << c.name;
   }
 }
 
 TEST(KeyTable, OnAListScreenTheKnobTurnsTheOtherWay) {
-  EXPECT_EQ(keyCommand(Family::Bcd, "t", true), "KEY,<,P");
-  EXPECT_EQ(keyCommand(Family::Bcd, "u", true), "KEY,>,P");
+  EXPECT_EQ(keyCommand(Family::Bcd, "t", true) + keyCommand(Family::Bcd, "u", true),
+            "KEY,<,PKEY,>,P");
   VcRig rig(Family::Bcd);
   rig.connect();
   rig.vc->status.listScreen = 1;
@@ -117,28 +106,28 @@ TEST(PressKey, TheSdsServiceKeyIsFunctionThenZipASecondLater) {
   rig.connect();
   rig.pump.waits.clear();
   rig.vc->commands.PressKey("SERV");
-  auto n = rig.port.commands().size();
-  ASSERT_GE(n, 2u);
-  EXPECT_EQ(rig.port.commands()[n - 2], "KEY,F,P");
-  EXPECT_EQ(rig.port.commands()[n - 1], "KEY,Z,P");
+  const auto& sent = rig.port.commands();
+  ASSERT_GE(sent.size(), 2u);
+  EXPECT_EQ(std::vector<std::string>(sent.end() - 2, sent.end()),
+            (std::vector<std::string>{"KEY,F,P", "KEY,Z,P"}));
   EXPECT_EQ(rig.pump.waits, std::vector<int>{1000});
 }
 
 TEST(ModeList, TheCaptionsAreOffByOneFromTheGroupsTheySendAnd999SendsNothing) {
   std::map<std::string, std::string> sent;
   for (const auto& e : modeList(Family::Sds)) sent[e.caption] = modeCommand(e.number);
-  EXPECT_EQ(sent["WX Mode Same 0"], "JPM,WX_MODE,SAME_1");
-  EXPECT_EQ(sent["WX Mode Same 4"], "JPM,WX_MODE,SAME_5");
-  EXPECT_EQ(sent["Scan Mode"], "JPM,SCN_MODE");
-  EXPECT_EQ(sent["CloseCall Mode"], "JPM,CC_MODE,");
-  EXPECT_EQ(sent["Fire Tone Out"], "JPM,FTO_MODE,");
-  EXPECT_EQ(sent["Waterfall"], "JPM,WF_MODE");
-  EXPECT_EQ(sent[""], "");  // the empty first entry, 999
-  EXPECT_EQ(modeList(Family::Bcd).size(), 13u);
-  EXPECT_EQ(modeList(Family::Sds).size(), 14u);
-  EXPECT_EQ(modeCommand(40), "MNU,SVC_MENU");
-  EXPECT_EQ(modeCommand(45), "MNU,SETTING_MENU");
-  EXPECT_EQ(modeCommand(46), "");
+  const std::pair<const char*, const char*> captions[] = {{"WX Mode Same 0", "JPM,WX_MODE,SAME_1"},
+                                                          {"WX Mode Same 4", "JPM,WX_MODE,SAME_5"},
+                                                          {"Scan Mode", "JPM,SCN_MODE"},
+                                                          {"CloseCall Mode", "JPM,CC_MODE,"},
+                                                          {"Fire Tone Out", "JPM,FTO_MODE,"},
+                                                          {"Waterfall", "JPM,WF_MODE"},
+                                                          {"", ""}};  // the empty first entry, 999
+  for (const auto& [caption, command] : captions) EXPECT_EQ(sent[caption], command) << caption;
+  EXPECT_EQ(std::make_pair(modeList(Family::Bcd).size(), modeList(Family::Sds).size()),
+            std::make_pair(std::size_t{13}, std::size_t{14}));
+  EXPECT_EQ(modeCommand(40) + "|" + modeCommand(45) + "|" + modeCommand(46),
+            "MNU,SVC_MENU|MNU,SETTING_MENU|");
   // Entry 999 sends nothing.
   VcRig rig(Family::Bcd);
   rig.connect();
@@ -162,23 +151,18 @@ TEST(FurtherCommands, KnobsListsAndQuickHold) {
   EXPECT_TRUE(c.quickHold("1240"));
   EXPECT_FALSE(c.quickHold("abc"));
   c.scanMode();
-  std::vector<std::string> expected{"VOL,12",
-                                    "SQL,0",
-                                    "KEY,V,P",
-                                    "KEY,Q,P",
-                                    "VOL,0",
-                                    "SQL,0",
-                                    "QSH,1544300,,,,,,,,,,,,",
-                                    "QSH,12400000,,,,,,,,,,,,",
-                                    "JPM,SCN_MODE"};
-  EXPECT_EQ(rig.port.commands(), expected);
+  EXPECT_EQ(rig.port.commands(),
+            (std::vector<std::string>{"VOL,12", "SQL,0", "KEY,V,P", "KEY,Q,P", "VOL,0", "SQL,0",
+                                      "QSH,1544300,,,,,,,,,,,,", "QSH,12400000,,,,,,,,,,,,",
+                                      "JPM,SCN_MODE"}));
 }
 
 TEST(MiniView, ItsButtonsAndTheKeyboardPressTheFamilysKeys) {
-  EXPECT_EQ(miniViewKey(Family::Sds, MiniButton::Scan), "Scan");
-  EXPECT_EQ(miniViewKey(Family::Bcd, MiniButton::Scan), "t");
-  EXPECT_EQ(miniViewKey(Family::Bcd, MiniButton::HoldResume), "CHANNEL");
-  EXPECT_EQ(miniViewKey(Family::Sds, MiniButton::Avoid), "AVOID");
+  EXPECT_EQ(miniViewKey(Family::Sds, MiniButton::Scan) + "|" +
+                miniViewKey(Family::Bcd, MiniButton::Scan) + "|" +
+                miniViewKey(Family::Bcd, MiniButton::HoldResume) + "|" +
+                miniViewKey(Family::Sds, MiniButton::Avoid),
+            "Scan|t|CHANNEL|AVOID");
   // Every face key of each family sends something.
   for (Family f : {Family::Bcd, Family::Sds})
     for (const auto& k : keyNames(f)) EXPECT_NE(keyCommand(f, k, false), "") << k;

@@ -21,22 +21,20 @@ TEST(GlgParser, FieldOneIsAFrequencyWithAPointOrElseATalkgroup) {
   for (const auto& c : cases) {
     VcRig rig(Family::Bcd);
     EXPECT_EQ(rig.vc->decoder.parseGlg(glgReply(c.field1, "Dispatch")), ParseResult::Accepted);
-    EXPECT_EQ(rig.vc->status.ldat[ld::kFrequency], c.frequency) << c.field1;
-    EXPECT_EQ(rig.vc->status.ldat[ld::kTalkgroup], c.talkgroup) << c.field1;
-    EXPECT_EQ(rig.vc->status.idText, c.talkgroup);
+    EXPECT_EQ(
+        cells(rig.vc->status.ldat, {ld::kFrequency, ld::kTalkgroup}) + "|" + rig.vc->status.idText,
+        std::string(c.frequency) + "|" + c.talkgroup + "|" + c.talkgroup)
+        << c.field1;
   }
 }
 
 TEST(GlgParser, TheRecordFillsTheChannelCells) {
   VcRig rig(Family::Bcd);
   rig.glg("GLG,0154.4300,NFM,0,127.3,Springfield, City of,Fire,Dispatch,1,0,,,293\r");
-  const auto& l = rig.vc->status.ldat;
-  EXPECT_EQ(l[ld::kModulation], "NFM");
-  EXPECT_EQ(l[ld::kSubtone], "127.3");
-  EXPECT_EQ(l[ld::kSystem], "Springfield; City of");  // the comma inside the name repaired
-  EXPECT_EQ(l[ld::kDepartment], "Fire");
-  EXPECT_EQ(l[ld::kChannel], "Dispatch");
-  EXPECT_EQ(l[ld::kNac], "293");
+  // The comma inside the system's name repaired.
+  EXPECT_EQ(cells(rig.vc->status.ldat, {ld::kModulation, ld::kSubtone, ld::kSystem, ld::kDepartment,
+                                        ld::kChannel, ld::kNac}),
+            "NFM|127.3|Springfield; City of|Fire|Dispatch|293");
   EXPECT_EQ(rig.vc->status.glgText,
             "GLG,0154.4300,NFM,0,127.3,Springfield; City of,Fire,Dispatch,1,0,,,293");
 }
@@ -75,9 +73,10 @@ TEST(GlgParser, ThreeWaysToSeeATransmission) {
   for (const auto& c : cases) {
     VcRig rig(Family::Bcd);
     rig.glg(c.reply);
-    EXPECT_EQ(rig.vc->status.busy, c.busy) << c.reply;
-    EXPECT_EQ(rig.vc->status.miniBusy, c.busy) << c.reply;
-    EXPECT_EQ(rig.vc->timers.enabled(busydelay), !c.busy) << c.reply;
+    EXPECT_EQ(std::make_tuple(rig.vc->status.busy, rig.vc->status.miniBusy,
+                              rig.vc->timers.enabled(busydelay)),
+              std::make_tuple(c.busy, c.busy, !c.busy))
+        << c.reply;
   }
 }
 
@@ -90,18 +89,14 @@ TEST(GlgParser, TheBusyMarkGoesAQuarterSecondAfterTheFirstQuietReply) {
   rig.vc->counters.wasBusy = -1;
   EXPECT_TRUE(st.busy);
   rig.glg(glgReply("2412", "Ops 1", "", false, "293"));
-  EXPECT_TRUE(st.busy);  // held off
-  EXPECT_FALSE(st.miniBusy);
+  EXPECT_TRUE(st.busy && !st.miniBusy);  // held off
   rig.run(240);
   rig.glg(glgReply("2412", "Ops 1", "", false, "293"));  // enabling again does not restart
   rig.run(20);
   EXPECT_FALSE(st.busy);
-  EXPECT_EQ(st.uidText, "");
-  EXPECT_EQ(st.idText, "");
-  EXPECT_EQ(rig.vc->counters.secondsBusy, 0);
-  EXPECT_EQ(rig.vc->counters.wasBusy, 0);
-  EXPECT_FALSE(rig.vc->timers.enabled(busydelay));
-  EXPECT_TRUE(rig.vc->timers.enabled(delaylog));
+  EXPECT_EQ(std::tie(st.uidText, st.idText, rig.vc->counters.secondsBusy, rig.vc->counters.wasBusy),
+            std::make_tuple("", "", 0, 0));
+  EXPECT_TRUE(!rig.vc->timers.enabled(busydelay) && rig.vc->timers.enabled(delaylog));
   // A new transmission stops the forgetting.
   rig.glg(glgReply("2412", "Ops 1", "", true, "293"));
   EXPECT_FALSE(rig.vc->timers.enabled(delaylog));

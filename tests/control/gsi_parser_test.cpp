@@ -34,30 +34,16 @@ TEST(GsiParser, WaitsForTheEndOfTheXml) {
 TEST(GsiParser, ATrunkedHitFillsTheRecordAndTheExtraInfo) {
   VcRig rig(Family::Sds);
   rig.vc->decoder.parseGsi(gsi(kTrunk, "Mute=\"Unmute\" A_Led=\"Blue\" Rssi=\"-49\""));
-  const auto& l = rig.vc->status.ldat;
-  EXPECT_EQ(l[ld::kSystem], "Metro P25");
-  EXPECT_EQ(l[ld::kDepartment], "Fire; North");
-  EXPECT_EQ(l[ld::kTalkgroup], "2412");
-  EXPECT_EQ(l[ld::kChannel], "Fire Ops 1");
-  EXPECT_EQ(l[ld::kUid], "1872001");
-  EXPECT_EQ(l[ld::kUidName], "Engine 5");
-  EXPECT_EQ(l[ld::kFrequency], "");  // a talkgroup hit keeps its talkgroup key
-  EXPECT_EQ(rig.vc->status.siteFrequency, "851.0125");
-  EXPECT_EQ(l[ld::kDetectedSubtone], "293");
-  EXPECT_EQ(l[ld::kRecSlot], "Slot 1");
-  EXPECT_EQ(l[ld::kSetSlot], "Any");
-  EXPECT_EQ(l[ld::kTag], "7");
-  EXPECT_EQ(l[ld::kSystemType], "P25 Standard");
-  EXPECT_EQ(l[ld::kListName], "Metro");
-  EXPECT_EQ(l[ld::kListType], "FL");
-  EXPECT_EQ(l[ld::kListQKey], "1");
-  EXPECT_EQ(l[ld::kSysQKey], "2");
-  EXPECT_EQ(l[ld::kDepQKey], "5");
-  EXPECT_EQ(l[ld::kScanMode], "Scan Mode");
-  EXPECT_EQ(l[ld::kScreen], "trunk_scan");
-  EXPECT_EQ(rig.vc->status.siteIndex, "12");
-  EXPECT_TRUE(rig.vc->status.busy);
-  EXPECT_EQ(rig.vc->status.display.backlight, "Blue");
+  using namespace ld;  // a talkgroup hit keeps its talkgroup key: no frequency
+  EXPECT_EQ(cells(rig.vc->status.ldat,
+                  {kSystem, kDepartment, kTalkgroup, kChannel, kUid, kUidName, kFrequency,
+                   kDetectedSubtone, kRecSlot, kSetSlot, kTag, kSystemType, kListName, kListType,
+                   kListQKey, kSysQKey, kDepQKey, kScanMode, kScreen}),
+            "Metro P25|Fire; North|2412|Fire Ops 1|1872001|Engine 5||293|Slot 1|Any|7|P25 "
+            "Standard|Metro|FL|1|2|5|Scan Mode|trunk_scan");
+  const ScannerStatus& st = rig.vc->status;
+  EXPECT_EQ(std::tie(st.siteFrequency, st.siteIndex, st.busy, st.display.backlight),
+            std::make_tuple("851.0125", "12", true, "Blue"));
 }
 
 TEST(GsiParser, ASiteFrequencyWithoutTalkgroupIsTheChannelFrequency) {
@@ -77,13 +63,10 @@ TEST(GsiParser, NoValueWordsClearAChannelCellAndEmptyAttributesKeepTheOthers) {
           "SAD=\"None\" RecSlot=\"Slot None\" TGID=\"TGID None\" U_Id=\"UID: ---\" N_Tag=\"None\" "
           "SvcType=\"Other\" />\r",
           "Mute=\"Mute\" Rssi=\"-999\""));
-  EXPECT_EQ(l[ld::kSystem], "Kept");  // no System element: the cell stays
-  EXPECT_EQ(l[ld::kTalkgroup], "");   // "TGID None" is no value
-  EXPECT_EQ(l[ld::kUid], "");
-  EXPECT_EQ(l[ld::kChannel], "Channel 3");
-  EXPECT_EQ(l[ld::kFrequency], "462.6125");
-  EXPECT_EQ(l[ld::kSubtone], "All");
-  EXPECT_EQ(l[ld::kServiceType], "Other");
+  // No System element: the cell stays; "TGID None" is no value.
+  EXPECT_EQ(cells(l, {ld::kSystem, ld::kTalkgroup, ld::kUid, ld::kChannel, ld::kFrequency,
+                      ld::kSubtone, ld::kServiceType}),
+            "Kept|||Channel 3|462.6125|All|Other");
   EXPECT_FALSE(rig.vc->status.busy);
 }
 
@@ -118,8 +101,9 @@ TEST(GsiParser, RssiDrivesTheNeedle) {
     VcRig rig(Family::Sds);
     rig.vc->status.display.needleLevel = 77;
     rig.vc->decoder.parseGsi(gsi("", c.property));
-    EXPECT_EQ(rig.vc->status.rssiText, c.readout) << c.property;
-    EXPECT_EQ(rig.vc->status.display.needleLevel, c.level) << c.property;
+    EXPECT_EQ(std::tie(rig.vc->status.rssiText, rig.vc->status.display.needleLevel),
+              std::make_tuple(c.readout, c.level))
+        << c.property;
   }
   VcRig rig(Family::Sds);
   rig.vc->status.display.needleLevel = 77;
@@ -162,14 +146,13 @@ TEST(GsiParser, TheWaterfallModeAndPageKeepTheChannelCells) {
       "  <WaterfallSettings MF=\" 146.000000MHz\" Gain=\"2\" />\r"
       "  <System Name=\"Ignored\" />\r</ScannerInfo>\r";
   rig.vc->decoder.parseGsi(waterfall);
-  EXPECT_EQ(st.waterfallBand, " 144.000000MHz; 148.000000MHz;12.5kHz");
-  EXPECT_EQ(st.waterfallSettings, " 146.000000MHz;2");
-  EXPECT_EQ(st.ldat[ld::kSystem], "");
+  EXPECT_EQ(std::tie(st.waterfallBand, st.waterfallSettings, st.ldat[ld::kSystem]),
+            std::make_tuple(" 144.000000MHz; 148.000000MHz;12.5kHz", " 146.000000MHz;2", ""));
 
   rig.vc->link.waterfallPage = true;
   rig.vc->decoder.parseGsi(gsi(kTrunk, "Mute=\"Mute\""));
-  EXPECT_EQ(st.ldat[ld::kSystem], "");         // the page on show blocks the record
-  EXPECT_EQ(st.ldat[ld::kTalkgroup], "2412");  // the frequency elements are still read
+  // The page on show blocks the record; the frequency elements are still read.
+  EXPECT_EQ(cells(st.ldat, {ld::kSystem, ld::kTalkgroup}), "|2412");
 }
 
 TEST(GsiParser, TheWaterfallBandKeepsItsCentreSpanAndModulation) {
@@ -190,10 +173,8 @@ TEST(GsiParser, TheBcdWindowOnlyFillsItsDebugPage) {
           "RecSlot=\"Slot 2\" />\r",
           "Mute=\"Unmute\""));
   const auto& dbg = rig.vc->decoder.gsiDebug;
-  EXPECT_EQ(dbg.system, "Metro P25");
-  EXPECT_EQ(dbg.detectedSubtone, "C127.3");
-  EXPECT_EQ(dbg.recSlot, "Slot 2");
-  EXPECT_EQ(dbg.mode, "Scan Mode");
+  EXPECT_EQ(std::tie(dbg.system, dbg.detectedSubtone, dbg.recSlot, dbg.mode),
+            std::make_tuple("Metro P25", "C127.3", "Slot 2", "Scan Mode"));
   EXPECT_EQ(rig.vc->status.ldat[ld::kSystem], "");
   EXPECT_FALSE(rig.vc->status.busy);
 }

@@ -11,11 +11,9 @@ TEST(ShortReplies, TheBcdWindowRefusesAnSdsAndCloses) {
   rig.connect();
   EXPECT_EQ(rig.receive(6, "MDL,SDS200\r"), ParseResult::Accepted);
   EXPECT_EQ(rig.vc->status.model, "SDS200");
-  ASSERT_EQ(rig.feedback.messages.size(), 1u);
-  EXPECT_EQ(rig.feedback.messages[0],
-            "New sds model detected, please select SDS VC for correct interface");
-  EXPECT_TRUE(rig.vc->decoder.sdsModelDetected);
-  EXPECT_TRUE(rig.vc->decoder.closeRequested);
+  EXPECT_EQ(rig.feedback.messages, std::vector<std::string>{"New sds model detected, please "
+                                                            "select SDS VC for correct interface"});
+  EXPECT_TRUE(rig.vc->decoder.sdsModelDetected && rig.vc->decoder.closeRequested);
   EXPECT_FALSE(rig.port.isOpen());
 }
 
@@ -24,9 +22,10 @@ TEST(ShortReplies, TheSdsWindowRefusesABcdOnceAndNamesItselfForAnSds) {
   rig.connect();
   rig.receive(6, "MDL,BCD536HP\r");
   rig.receive(6, "MDL,BCD536HP\r");
-  ASSERT_EQ(rig.feedback.messages.size(), 1u);
-  EXPECT_EQ(rig.feedback.messages[0],
-            "Scanner model 436/536 model detected, please select BCD VC for correct interface");
+  EXPECT_EQ(
+      rig.feedback.messages,
+      std::vector<std::string>{
+          "Scanner model 436/536 model detected, please select BCD VC for correct interface"});
   EXPECT_TRUE(rig.port.isOpen());
   rig.receive(6, "MDL,SDS100\r");
   EXPECT_EQ(rig.vc->link.title(), kSdsTitle);
@@ -44,8 +43,7 @@ TEST(ShortReplies, ValuesAreTakenAsSoonAsTheirWordArrived) {
   EXPECT_EQ(st.signalValue, "6");
   d.parseVolume("VOL,7\r");
   d.parseSquelch("SQL,3\r");
-  EXPECT_EQ(st.volume, "7");
-  EXPECT_EQ(st.squelch, "3");
+  EXPECT_EQ(st.volume + st.squelch, "73");
   // The model is eight characters from behind the comma.
   d.parseModel("MDL,UBCD3600XLT\r");
   EXPECT_EQ(st.model, "UBCD3600");
@@ -72,13 +70,10 @@ TEST(ShortReplies, AnEmptyReplyIsWaitedOnByEveryParser) {
   for (Family f : {Family::Bcd, Family::Sds}) {
     VcRig rig(f);
     auto& d = rig.vc->decoder;
-    const std::string empty;
-    EXPECT_EQ(d.parseGlg(empty), ParseResult::Waiting);
-    EXPECT_EQ(d.parseSts(empty), ParseResult::Waiting);
-    EXPECT_EQ(d.parseGid(empty), ParseResult::Waiting);
-    EXPECT_EQ(d.parseWindow(empty), ParseResult::Waiting);
-    EXPECT_EQ(d.parseWaterfall(empty), ParseResult::Waiting);
-    EXPECT_EQ(d.parseGsi(empty), ParseResult::Waiting);
+    const std::string e;
+    EXPECT_EQ((std::vector<ParseResult>{d.parseGlg(e), d.parseSts(e), d.parseGid(e),
+                                        d.parseWindow(e), d.parseWaterfall(e), d.parseGsi(e)}),
+              std::vector<ParseResult>(6, ParseResult::Waiting));
   }
 }
 

@@ -30,17 +30,13 @@ TEST(RealSdsReplies, AnIdleScreenDecodes) {
   ASSERT_FALSE(sts.empty());
   EXPECT_EQ(rig.vc->decoder.parseSts(sts), ParseResult::Waiting);  // captured without its CR
   EXPECT_EQ(rig.vc->decoder.parseSts(withCr(sts)), ParseResult::Accepted);
-  const auto& st = rig.vc->status;
-  EXPECT_EQ(st.displayClass, 0);
-  EXPECT_EQ(st.listScreen, 0);
-  EXPECT_EQ(st.screenFields[10], "Coast Guard - USA             ");
-  EXPECT_EQ(st.screenFields[18], "Scanning...                   ");
-  EXPECT_EQ(st.lineIsRule[28], "0");
-  EXPECT_EQ(st.ldat[ld::kSystemIndex], "");  // "Sys ID: ---" is no value
-  EXPECT_EQ(st.ldat[ld::kSiteIndex], "");
-  EXPECT_EQ(st.display.rows[4].text, "Coast Guard - USA             ");
-  EXPECT_TRUE(st.display.rows[9].visible);
-  EXPECT_EQ(st.ccdata[0], "");
+  const auto& st = rig.vc->status;  // "Sys ID: ---" is no value
+  EXPECT_EQ(
+      std::tie(st.displayClass, st.listScreen, st.screenFields[10], st.screenFields[18],
+               st.lineIsRule[28], st.ldat[ld::kSystemIndex], st.ldat[ld::kSiteIndex],
+               st.display.rows[4].text, st.display.rows[9].visible, st.ccdata[0]),
+      std::make_tuple(0, 0, "Coast Guard - USA             ", "Scanning...                   ", "0",
+                      "", "", "Coast Guard - USA             ", true, ""));
 }
 
 TEST(RealSdsReplies, HighBytesAreTheSignalGlyphsAndTurnToBlanks) {
@@ -96,25 +92,19 @@ TEST(RealSdsReplies, GsiRepliesFillTheRecordAndTheNeedle) {
     rig.vc->status.display.needleLevel = -1;
     EXPECT_EQ(rig.vc->decoder.parseGsi(real(c.file)), ParseResult::Accepted) << c.file;
     const auto& st = rig.vc->status;
-    EXPECT_EQ(st.ldat[ld::kScanMode], c.mode) << c.file;
-    EXPECT_EQ(st.busy, c.busy) << c.file;
-    EXPECT_EQ(st.display.needleLevel, c.needle) << c.file;
-    EXPECT_EQ(st.display.backlight, c.light) << c.file;
+    EXPECT_EQ(
+        std::tie(st.ldat[ld::kScanMode], st.busy, st.display.needleLevel, st.display.backlight),
+        std::make_tuple(c.mode, c.busy, c.needle, c.light))
+        << c.file;
   }
   VcRig rig(Family::Sds);
   rig.vc->decoder.parseGsi(real("GSI_RESPONSE_SCAN_MODE.bin"));
-  const auto& l = rig.vc->status.ldat;
-  EXPECT_EQ(l[ld::kSystem], "Family Radio Service (FRS) - USA");
-  EXPECT_EQ(l[ld::kDepartment], "Family Radio Service (FRS)");
-  EXPECT_EQ(l[ld::kChannel], "Channel 3");
-  EXPECT_EQ(l[ld::kFrequency], "462.6125");
-  EXPECT_EQ(l[ld::kModulation], "NFM");
-  EXPECT_EQ(l[ld::kSubtone], "All");
-  EXPECT_EQ(l[ld::kTalkgroup], "");  // "TGID None"
-  EXPECT_EQ(l[ld::kListName], "Full Database");
-  EXPECT_EQ(l[ld::kListType], "FullDb");
-  EXPECT_EQ(l[ld::kServiceType], "Other");
-  EXPECT_EQ(rig.vc->status.rssiText, "");  // -999: no reading
+  using namespace ld;  // "TGID None" is no talkgroup; -999 no reading
+  EXPECT_EQ(cells(rig.vc->status.ldat, {kSystem, kDepartment, kChannel, kFrequency, kModulation,
+                                        kSubtone, kTalkgroup, kListName, kListType, kServiceType}),
+            "Family Radio Service (FRS) - USA|Family Radio Service (FRS)|Channel 3|462.6125|NFM|"
+            "All||Full Database|FullDb|Other");
+  EXPECT_EQ(rig.vc->status.rssiText, "");
 }
 
 TEST(RealSdsReplies, AGsiInPiecesIsTakenWhenItsEndArrives) {

@@ -47,6 +47,13 @@ std::string glyphs(std::initializer_list<int> codes) {
   return s;
 }
 
+std::string cells(const std::array<std::string, ld::kSize>& ldat, std::initializer_list<int> ids) {
+  std::string joined;
+  for (const int* id = ids.begin(); id != ids.end(); ++id)
+    joined += (id == ids.begin() ? "" : "|") + ldat[*id];
+  return joined;
+}
+
 std::string readFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   std::stringstream s;

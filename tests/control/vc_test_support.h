@@ -59,5 +59,7 @@ std::string stsReply(const std::string& format, const std::vector<std::string>& 
 std::string glyphs(std::initializer_list<int> codes);
 // The bytes of a file, "" when there is none.
 std::string readFile(const std::string& path);
+// The record cells `ids` joined by '|', to compare many cells at once.
+std::string cells(const std::array<std::string, ld::kSize>& ldat, std::initializer_list<int> ids);
 
 }  // namespace zel::control
