@@ -101,20 +101,17 @@ TEST(ImportOptions, DefaultsAndAnEmptyStore) {
   ASSERT_EQ(d.serviceTags.size(), 39u);
   EXPECT_EQ(std::vector<int>(d.serviceTags.begin(), d.serviceTags.begin() + 5),
             (std::vector<int>{1, 2, 3, 4, 6}));
-  EXPECT_EQ(d.serviceTags[28], 37);
-  EXPECT_EQ(d.serviceTags.back(), 217);
+  EXPECT_EQ(std::make_pair(d.serviceTags[28], d.serviceTags.back()), std::make_pair(37, 217));
   for (bool on : d.talkgroupFilter) EXPECT_TRUE(on);
   EXPECT_FALSE(d.removeSpaces || d.shortAlpha || d.serviceFilter || d.qkeysConventional ||
                d.lockoutEncrypted || d.ccAll);
-  EXPECT_EQ(d.updatedDays, 0);
-  EXPECT_TRUE(d.leds.empty());
+  EXPECT_TRUE(d.updatedDays == 0 && d.leds.empty());
 
   MemorySettingsStore empty;
   const ImportOptions loaded = ImportOptions::load(Settings(empty));
   EXPECT_EQ(loaded.serviceTags, d.serviceTags);
   EXPECT_EQ(loaded.talkgroupFilter, d.talkgroupFilter);
-  EXPECT_FALSE(loaded.removeSpaces || loaded.qkeysConventional);
-  EXPECT_TRUE(loaded.leds.empty());
+  EXPECT_FALSE(loaded.removeSpaces || loaded.qkeysConventional || !loaded.leds.empty());
 }
 
 TEST(ImportOptions, SaveWritesTheKeysAndLoadReadsThemBack) {
@@ -157,18 +154,15 @@ TEST(ImportOptions, SaveWritesTheKeysAndLoadReadsThemBack) {
   const ImportOptions back = ImportOptions::load(settings);
   EXPECT_TRUE(back.shortAlpha && back.skipTelemetry && back.edacsAfs && back.qkeysConventional);
   EXPECT_FALSE(back.removeSpaces || back.upperCase || back.qkeysTrunk);
-  EXPECT_TRUE(back.ignoreMode[2]);
-  EXPECT_FALSE(back.ignoreMode[0]);
+  EXPECT_TRUE(back.ignoreMode[2] && !back.ignoreMode[0]);
   EXPECT_EQ(back.serviceTags, (std::vector<int>{2, 3}));
   EXPECT_EQ(back.talkgroupFilter, o.talkgroupFilter);
-  EXPECT_EQ(back.updatedDays, 30);
   ASSERT_EQ(back.leds.size(), 2u);
-  EXPECT_TRUE(back.leds[0].enabled);
-  EXPECT_EQ(back.leds[0].pattern, "Slow Blink");
-  EXPECT_FALSE(back.leds[1].enabled);
-  EXPECT_EQ(back.leds[1].service, "Ham");
-  EXPECT_EQ(back.untaggedConventional, 21);
-  EXPECT_EQ(back.untaggedTrunk, 2);
+  EXPECT_EQ(std::tie(back.leds[0].enabled, back.leds[0].pattern, back.leds[1].enabled,
+                     back.leds[1].service),
+            std::make_tuple(true, "Slow Blink", false, "Ham"));
+  EXPECT_EQ(std::tie(back.updatedDays, back.untaggedConventional, back.untaggedTrunk),
+            std::make_tuple(30, 21, 2));
 
   // An empty tag list stays empty rather than falling back to every tag.
   o.serviceTags.clear();

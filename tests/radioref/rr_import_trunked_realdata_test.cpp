@@ -34,9 +34,8 @@ struct Case {
   std::string systemLine;
   std::string siteLine;                            // SIT-001-001
   std::map<std::string, std::string> frequencies;  // TFQ keys of the first site
-  std::string departmentKey;
-  std::string departmentLine;
-  std::vector<std::string> rows;  // the first rows of that department
+  std::string departmentLine;                      // GRP-999-001-001
+  std::vector<std::string> rows;                   // the first rows of that department
   int sites;
   std::string typeCode;  // the system table's field 10
 };
@@ -59,7 +58,6 @@ const std::vector<Case> kCases = {
      "SIF,Site,SiteId=1,TrunkId=1,Johnson Co Simulcast,Off,41.655030,-91.602440,20.0,AUTO,"
      "Standard,Wide,Circle,0,,,,034,,,,,,,",
      {{"TFQ-001-001-001", "TFQ,851.050000,,Srch"}, {"TFQ-001-001-002", "TFQ,851.787500,,Srch"}},
-     "GRP-999-001-001",
      "GIN,C-Group,CGroupId=0,AgencyId=0,University of Iowa,Off,41.6611277,-91.5301683,5,,,",
      {"1,52353,Campus Guard 2,Off,Digital,Security,2,0,Off,Auto,,,,,Any",
       "2,52351,Campus Dispatch,Off,Digital,Law Dispatch,2,0,Off,Auto,,,,,Any"},
@@ -75,7 +73,6 @@ const std::vector<Case> kCases = {
      "SIF,Site,SiteId=1,TrunkId=1,Adams,Off,43.557620,-92.682070,25.0,AUTO,Standard,Wide,Circle,"
      "0,,,,,,,,,,,,",
      {{"TFQ-001-001-001", "TFQ,855.787500,1,Srch"}, {"TFQ-001-001-002", "TFQ,856.912500,2,Srch"}},
-     "GRP-999-001-001",
      "GIN,C-Group,CGroupId=0,AgencyId=0,Group 23606,Off,0.000000,-00.000000,0.0,,,",
      {"1,6001,Mason City Operations,Off,Digital,Utilities,2,0,Off,Auto,,,,,Any",
       "2,6000,Spirit Lake Operations,Off,Digital,Utilities,2,0,Off,Auto,,,,,Any"},
@@ -89,7 +86,6 @@ const std::vector<Case> kCases = {
      "SIF,Site,SiteId=1,TrunkId=1,Cedar Rapids,Off,41.932780,-91.718780,15.0,AUTO,Standard,Wide,"
      "Circle,0,,,,,,,,,,,,",
      {{"TFQ-001-001-001", "TFQ,854.812500,1,1"}, {"TFQ-001-001-004", "TFQ,856.862500,4,1"}},
-     "GRP-999-001-001",
      "GIN,C-Group,CGroupId=0,AgencyId=0,Group 34951,Off,0.000000,-00.000000,0.0,,,",
      {"1,109,Ops 109,Off,Digital,Business,2,0,Off,Auto,,,,,Any",
       "2,110,Ops 110,Off,Digital,Business,2,0,Off,Auto,,,,,Any"},
@@ -105,7 +101,6 @@ const std::vector<Case> kCases = {
      "SIF,Site,SiteId=310011,TrunkId=1,Waukee,Off,41.625960,-93.870500,25.0,AUTO,Standard,Wide,"
      "Circle,0,,,,,,,,,,,,",
      {{"TFQ-001-001-001", "TFQ,146.755000,1,1"}},
-     "GRP-999-001-001",
      "GIN,C-Group,CGroupId=0,AgencyId=0,Group 25187,Off,0.000000,-00.000000,0.0,,,",
      {"1,3119,Statewide Calling Talkgroup,Off,Digital,Ham,2,0,Off,Auto,,,,,Any",
       "2,31190,Chat,Off,Digital,Ham,2,0,Off,Auto,,,,,Any"},
@@ -122,7 +117,6 @@ const std::vector<Case> kCases = {
      ",,,,,,,,,,,",
      {{"TFQ-001-001-001", "TFQ,856.812500,1,,RAN=1"},
       {"TFQ-001-001-003", "TFQ,858.812500,3,,RAN=1"}},
-     "GRP-999-001-001",
      "GIN,C-Group,CGroupId=0,AgencyId=0,Group 35809,Off,0.000000,-00.000000,0.0,,,",
      {"1,10,Ops 10,Off,Digital,Utilities,2,0,Off,Auto,,,,,Any",
       "2,20,Ops 20,Off,Digital,Utilities,2,0,Off,Auto,,,,,Any"},
@@ -139,7 +133,6 @@ const std::vector<Case> kCases = {
      "SIF,Site,SiteId=11,TrunkId=1,East System,Off,0.000000,0.000000,0.0,AUTO,Standard,Wide,"
      "Circle,0,,,,,,,,,,,,",
      {{"TFQ-001-001-001", "TFQ,851.375000,1,Srch"}, {"TFQ-001-001-002", "TFQ,851.700000,2,Srch"}},
-     "GRP-999-001-001",
      "GIN,C-Group,CGroupId=0,AgencyId=0,Group 1708,Off,0.000000,-00.000000,0.0,,,",
      {"1,341,Courthouse Transportation,Off,Digital,Law Tac,2,0,Off,Auto,,,,,"},
      2,
@@ -207,9 +200,8 @@ TEST_P(TrunkedRealImport, ImportsTheSystemAsWorkedOut) {
                     }};
   const ImportResult result = importTrunked({doc, store, feedback, 0}, input, options);
   ASSERT_TRUE(result.ok) << result.message;
-  EXPECT_EQ(result.systemKey, "SYS-001");
-  EXPECT_EQ(result.sites, c.sites);
-  EXPECT_EQ(result.channels, static_cast<int>(talkgroups.size()));
+  EXPECT_EQ(std::tie(result.systemKey, result.sites, result.channels),
+            std::make_tuple("SYS-001", c.sites, static_cast<int>(talkgroups.size())));
 
   EXPECT_EQ(treemod::getText(doc.data, "SYS-001"), c.systemLine);
   EXPECT_EQ(treemod::getText(doc.data, "UID-001-001"), "UID,UID Editor");
@@ -220,8 +212,8 @@ TEST_P(TrunkedRealImport, ImportsTheSystemAsWorkedOut) {
     EXPECT_EQ(doc.data.key(doc.data.parent(doc.data.find(key))), "SIT-001-001") << key;
     EXPECT_EQ(treemod::getText(doc.frequencies, key), line) << "flat copy of " << key;
   }
-  EXPECT_EQ(treemod::getText(doc.data, c.departmentKey), c.departmentLine);
-  const std::vector<std::string> pageRows = store.load(c.departmentKey);
+  EXPECT_EQ(treemod::getText(doc.data, "GRP-999-001-001"), c.departmentLine);
+  const std::vector<std::string> pageRows = store.load("GRP-999-001-001");
   ASSERT_GE(pageRows.size(), c.rows.size());
   for (std::size_t i = 0; i < c.rows.size(); ++i) EXPECT_EQ(pageRows[i], c.rows[i]);
   EXPECT_EQ(doc.systems.get(1, 10), c.typeCode);

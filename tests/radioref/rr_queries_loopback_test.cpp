@@ -42,11 +42,9 @@ TEST(RRQueriesLoopback, LoginThenEveryOperationDownToTheRows) {
   const auto outcome = q.login("demo", "demo");
   ASSERT_EQ(outcome.result, LoginOutcome::Result::LoggedIn) << l.client.lastError();
   EXPECT_EQ(outcome.statusText, "Subscription expires on: " + outcome.expiry);
-  for (const auto* list : {&q.trsTypes, &q.modes, &q.tags, &q.metroAreas}) {
+  for (const auto* list : {&q.trsTypes, &q.modes, &q.tags, &q.metroAreas})
     EXPECT_FALSE(list->empty());
-  }
-  EXPECT_FALSE(q.flavors.empty());
-  EXPECT_FALSE(q.voices.empty());
+  EXPECT_FALSE(q.flavors.empty() || q.voices.empty());
 
   q.getCountryInfo(1);
   ASSERT_FALSE(q.countryInfo.stateList.empty());
@@ -133,10 +131,9 @@ TEST(RRQueriesLoopback, WrongLoginEmptiesTheLoginFields) {
   int emptied = 0;
   l.client.onInvalidLogin = [&] { ++emptied; };
   const auto outcome = l.q.login("demo", "wrong");
-  EXPECT_EQ(outcome.result, LoginOutcome::Result::NoUserData);
-  EXPECT_EQ(outcome.statusText, "INIT not ok, can't read user data.");
-  EXPECT_EQ(emptied, 1);
-  EXPECT_EQ(l.client.lastFault()->faultcode, "AUTH");
+  EXPECT_EQ(std::tie(outcome.result, outcome.statusText, emptied, l.client.lastFault()->faultcode),
+            std::make_tuple(LoginOutcome::Result::NoUserData, "INIT not ok, can't read user data.",
+                            1, "AUTH"));
 }
 
 TEST(RRQueriesLoopback, TimeOutsAgainstASlowService) {

@@ -51,9 +51,9 @@ TEST(WsdlReader, EachSubtreeIsQueriedOnItsOwn) {
   WsdlTables tables;
   const WsdlParseResult result = ParseWSDL(kWsdl, tables);
   ASSERT_TRUE(result.ok) << result.reason;
-  EXPECT_EQ(tables.definitions.targetNamespace, "urn:t");
-  EXPECT_EQ(tables.definitions.xmlns, "urn:wsdl");
-  EXPECT_EQ(tables.definitions.xmlnsSoapEnc, "");
+  const auto& d = tables.definitions;
+  EXPECT_EQ(std::tie(d.targetNamespace, d.xmlns, d.xmlnsSoapEnc),
+            std::make_tuple("urn:t", "urn:wsdl", ""));
 
   ASSERT_EQ(tables.schema.complexTypes.size(), 3u);
   const WsdlType& a = tables.schema.complexTypes[0];
@@ -61,10 +61,8 @@ TEST(WsdlReader, EachSubtreeIsQueriedOnItsOwn) {
   ASSERT_EQ(a.elements.size(), 2u);
   EXPECT_EQ(a.elements[1], NameType("a2", "xsd:string"));
   const WsdlType& list = tables.schema.complexTypes[1];
-  EXPECT_EQ(list.elementCount, 0);
-  EXPECT_EQ(list.base, "SOAP-ENC:Array");
-  EXPECT_EQ(list.ref, "SOAP-ENC:arrayType");
-  EXPECT_EQ(list.arrayType, "tns:Item[]");
+  EXPECT_EQ(std::tie(list.elementCount, list.base, list.ref, list.arrayType),
+            std::make_tuple(0, "SOAP-ENC:Array", "SOAP-ENC:arrayType", "tns:Item[]"));
   EXPECT_EQ(tables.schema.complexTypes[2].elementCount, 1);
   EXPECT_EQ(tables.schema.imports, std::vector<std::string>{"urn:enc"});
 
@@ -73,10 +71,10 @@ TEST(WsdlReader, EachSubtreeIsQueriedOnItsOwn) {
   EXPECT_EQ(tables.messages[2].parts, (std::vector<NameType>{{"y", "xsd:string"}}));
 
   ASSERT_EQ(tables.portTypes.size(), 1u);
-  ASSERT_EQ(tables.portTypes[0].operations.size(), 2u);
-  EXPECT_EQ(tables.portTypes[0].operations[0].documentation, "Gets A & more");
-  EXPECT_EQ(tables.portTypes[0].operations[1].documentation, "");
-  EXPECT_EQ(tables.portTypes[0].operations[1].inputMessage, "getBRequest");
+  const auto& ops = tables.portTypes[0].operations;
+  ASSERT_EQ(ops.size(), 2u);
+  EXPECT_EQ(std::tie(ops[0].documentation, ops[1].documentation, ops[1].inputMessage),
+            std::make_tuple("Gets A & more", "", "getBRequest"));
 
   ASSERT_EQ(tables.bindings.size(), 1u);
   EXPECT_EQ(tables.bindings[0].transport, "urn:http");
@@ -91,8 +89,8 @@ TEST(WsdlReader, EachSubtreeIsQueriedOnItsOwn) {
   EXPECT_EQ(std::tie(b.style, b.inputUse, b.inputNamespace, b.outputNamespace),
             std::make_tuple("", "", "", "urn:out-b"));
   ASSERT_EQ(tables.services.size(), 1u);
-  EXPECT_EQ(tables.services[0].portBinding, "tns:B");
-  EXPECT_EQ(tables.services[0].location, "http://h/soap2/index.php");
+  EXPECT_EQ(std::tie(tables.services[0].portBinding, tables.services[0].location),
+            std::make_tuple("tns:B", "http://h/soap2/index.php"));
 }
 
 TEST(WsdlReader, SelectOperation) {
@@ -115,20 +113,16 @@ TEST(WsdlReader, SelectOperation) {
   };
   for (const Case& c : cases) {
     const SelectedOperation s = SelectOperation(tables, c.op);
-    EXPECT_EQ(s.OpName, c.op);
-    EXPECT_EQ(fromFifth(s.InputMessage), c.method) << c.op;
-    EXPECT_EQ(s.InputParts.size(), c.inputParts) << c.op;
-    EXPECT_EQ(s.OutputParts.size(), c.outputParts) << c.op;
-    EXPECT_EQ(s.binding.soapAction, c.soapAction) << c.op;
-    EXPECT_EQ(s.TypeName, c.typeName) << c.op;
-    EXPECT_EQ(s.found, c.found) << c.op;
+    EXPECT_EQ(std::make_tuple(s.OpName, fromFifth(s.InputMessage), s.InputParts.size(),
+                              s.OutputParts.size(), s.binding.soapAction, s.TypeName, s.found),
+              std::make_tuple(c.op, c.method, c.inputParts, c.outputParts, c.soapAction, c.typeName,
+                              c.found));
   }
   const SelectedOperation b = SelectOperation(tables, "getB");
   ASSERT_EQ(b.InputParts.size(), 1u);
   EXPECT_EQ(b.InputParts[0].first, "lost");
   EXPECT_EQ(SelectOperation(tables, "getA").typeElements.size(), 2u);
-  EXPECT_EQ(fromFifth("abcde"), "e");
-  EXPECT_EQ(fromFifth("abcd"), "");
+  EXPECT_EQ(fromFifth("abcde") + "|" + fromFifth("abcd"), "e|");
 }
 
 TEST(WsdlReader, NoTablesFromABadDocument) {
@@ -152,10 +146,8 @@ TEST(WsdlReader, NoTablesFromABadDocument) {
     const WsdlParseResult result = ParseWSDL(c.text, tables);
     EXPECT_FALSE(result.ok) << c.text;
     EXPECT_FALSE(result.reason.empty());
-    EXPECT_EQ(result.line, c.line) << c.text;
-    EXPECT_EQ(result.position, c.position) << c.text;
-    EXPECT_TRUE(tables.messages.empty());
-    EXPECT_TRUE(tables.bindings.empty());
+    EXPECT_EQ(std::tie(result.line, result.position), std::tie(c.line, c.position)) << c.text;
+    EXPECT_TRUE(tables.messages.empty() && tables.bindings.empty());
   }
 }
 
