@@ -8,43 +8,10 @@
 #include <vector>
 
 #include "cli/command_registry.h"
+#include "cli/rr_listing.h"
 #include "grid/vocabulary.h"
 
 namespace {
-
-// Words are bytes as the tables hold them; only JSON's own specials are escaped.
-std::string jsonQuoted(std::string_view text) {
-  std::string out = "\"";
-  for (char c : text) {
-    switch (c) {
-      case '"':
-        out += "\\\"";
-        break;
-      case '\\':
-        out += "\\\\";
-        break;
-      case '\n':
-        out += "\\n";
-        break;
-      case '\r':
-        out += "\\r";
-        break;
-      case '\t':
-        out += "\\t";
-        break;
-      default:
-        if (static_cast<unsigned char>(c) < 0x20) {
-          char buf[8];
-          std::snprintf(buf, sizeof buf, "\\u%04x", static_cast<unsigned char>(c));
-          out += buf;
-        } else {
-          out.push_back(c);
-        }
-    }
-  }
-  out.push_back('"');
-  return out;
-}
 
 void print(const std::vector<std::string>& words, bool json) {
   if (!json) {
@@ -54,7 +21,7 @@ void print(const std::vector<std::string>& words, bool json) {
   std::cout << '[';
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (i) std::cout << ',';
-    std::cout << jsonQuoted(words[i]);
+    std::cout << zel::cli::jsonString(words[i]);
   }
   std::cout << "]\n";
 }

@@ -11,7 +11,30 @@ namespace {
 
 std::string utf8(const std::string& latin1) { return radioref::latin1ToUtf8(latin1); }
 
-std::string jsonText(const std::string& latin1) {
+void printJsonTo(std::ostream& out, const Listing& listing) {
+  out << '{';
+  bool first = true;
+  for (const auto& f : listing.fields) {
+    if (!first) out << ',';
+    first = false;
+    out << jsonString(f.key) << ':' << (f.number ? f.value : jsonString(f.value));
+  }
+  for (const auto& list : listing.lists) {
+    if (!first) out << ',';
+    first = false;
+    out << jsonString(list.key) << ":[";
+    for (std::size_t i = 0; i < list.items.size(); ++i) {
+      if (i) out << ',';
+      printJsonTo(out, list.items[i]);
+    }
+    out << ']';
+  }
+  out << '}';
+}
+
+}  // namespace
+
+std::string jsonString(const std::string& latin1) {
   std::string out = "\"";
   for (unsigned char c : utf8(latin1)) {
     switch (c) {
@@ -32,29 +55,6 @@ std::string jsonText(const std::string& latin1) {
   }
   return out + "\"";
 }
-
-void printJsonTo(std::ostream& out, const Listing& listing) {
-  out << '{';
-  bool first = true;
-  for (const auto& f : listing.fields) {
-    if (!first) out << ',';
-    first = false;
-    out << jsonText(f.key) << ':' << (f.number ? f.value : jsonText(f.value));
-  }
-  for (const auto& list : listing.lists) {
-    if (!first) out << ',';
-    first = false;
-    out << jsonText(list.key) << ":[";
-    for (std::size_t i = 0; i < list.items.size(); ++i) {
-      if (i) out << ',';
-      printJsonTo(out, list.items[i]);
-    }
-    out << ']';
-  }
-  out << '}';
-}
-
-}  // namespace
 
 Listing& Listing::field(std::string key, double value) {
   char buf[64];

@@ -49,6 +49,9 @@ struct Listing::List {
   std::vector<Listing> items;
 };
 
+// A text held as 8-bit (Latin-1) as a quoted JSON string in UTF-8.
+std::string jsonString(const std::string& latin1);
+
 void printPlain(std::ostream& out, const Listing& listing, int indent = 0);
 void printJson(std::ostream& out, const Listing& listing);
 // A list of records as one JSON array on a line: "[{...},{...}]".
