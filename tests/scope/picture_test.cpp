@@ -73,11 +73,10 @@ TEST(DrawLine, LinesAreEightConnectedAndClippedToThePicture) {
 
 TEST(LineGraph, PointsAndValuesConvertToPixels) {
   LineGraph g;
-  EXPECT_DOUBLE_EQ(g.pointToPixelX(512, 800), 400);
-  EXPECT_DOUBLE_EQ(g.pointToPixelX(1024, 800), 800);
-  EXPECT_DOUBLE_EQ(g.valueToPixelY(0, 400), 400);
-  EXPECT_DOUBLE_EQ(g.valueToPixelY(1024, 400), 0);
-  EXPECT_DOUBLE_EQ(g.valueToPixelY(256, 1000), 750);
+  const std::vector<double> pixels = {g.pointToPixelX(512, 800), g.pointToPixelX(1024, 800),
+                                      g.valueToPixelY(0, 400), g.valueToPixelY(1024, 400),
+                                      g.valueToPixelY(256, 1000)};
+  EXPECT_EQ(pixels, (std::vector<double>{400, 800, 400, 0, 750}));
   g.XPoints = 250;
   EXPECT_DOUBLE_EQ(g.pointToPixelX(125, 1000), 500);
 }
@@ -212,20 +211,15 @@ TEST(PictureFiles, BmpIsBottomUpWithPaddedRowsAndReadsBack) {
   ASSERT_TRUE(writeBmp(p, path));
   const auto b = readAll(path);
   ASSERT_EQ(b.size(), 54u + 16 * 3);
-  EXPECT_EQ(b[0], 'B');
-  EXPECT_EQ(b[1], 'M');
-  EXPECT_EQ(le32(b, 2), b.size());
-  EXPECT_EQ(le32(b, 10), 54u);
-  EXPECT_EQ(le32(b, 18), 5u);
-  EXPECT_EQ(le32(b, 22), 3u);
-  EXPECT_EQ(b[28], 24);
+  EXPECT_EQ((std::vector<std::uint32_t>{b[0], b[1], le32(b, 2), le32(b, 10), le32(b, 18),
+                                        le32(b, 22), b[28]}),
+            (std::vector<std::uint32_t>{'B', 'M', 54 + 16 * 3, 54, 5, 3, 24}));
   const Rgb bottomLeft = p.at(0, 2);
   EXPECT_EQ((std::vector<int>{b[54], b[55], b[56], b[69]}),
             (std::vector<int>{bottomLeft.b, bottomLeft.g, bottomLeft.r, 0}));
   Raster back;
   ASSERT_TRUE(readBmp(path, back));
-  EXPECT_EQ(back.width, 5);
-  EXPECT_EQ(back.pixels, p.pixels);
+  EXPECT_TRUE(back.width == 5 && back.pixels == p.pixels);
   EXPECT_FALSE(std::filesystem::exists(path + ".tmp"));
 }
 
@@ -269,8 +263,7 @@ TEST(PictureFiles, PngChunksCarryTheirCheckSumsAndTheRowsInflateBack) {
   }
   EXPECT_EQ(types, (std::vector<std::string>{"IHDR", "IDAT", "IEND"}));
   ASSERT_EQ(header.size(), 13u);
-  EXPECT_EQ(be32(header, 0), 5u);
-  EXPECT_EQ(be32(header, 4), 3u);
+  EXPECT_EQ(std::make_pair(be32(header, 0), be32(header, 4)), std::make_pair(5u, 3u));
   EXPECT_EQ((std::vector<int>(header.begin() + 8, header.end())),
             (std::vector<int>{8, 2, 0, 0, 0}));
   std::vector<std::uint8_t> raw(3 * 16 + 1);

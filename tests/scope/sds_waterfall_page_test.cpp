@@ -1,5 +1,3 @@
-// The SDS waterfall page: band labels from the scanner's texts, frames taken or held, the
-// running mean over the chosen depth, the strongest bin, and the pointer's frequency.
 #include "scope/sds_waterfall_page.h"
 
 #include <gtest/gtest.h>
@@ -16,60 +14,49 @@ std::string frame(const std::vector<int>& levels) {
   return out;
 }
 
+// The labels and the edges of a band, as one line.
+std::string labels(const SdsWaterfallBand& b) {
+  return b.lower + "|" + b.center + "|" + b.upper + "|" + b.span + "|" + b.step + "|" + b.mod +
+         "|" + b.mf + "|" + b.gain + "|" + std::to_string(b.lowUnits()) + "-" +
+         std::to_string(b.highUnits());
+}
+
 SdsWaterfallBand twoMetres() {
   return SdsWaterfallBand::fromStatus(" 144.000000MHz; 148.000000MHz;12.5kHz",
                                       " 146.000000MHz;4.000000MHz;NFM", " 146.000000MHz;2");
 }
 
 TEST(SdsWaterfallBand, CutsTheMegahertzTailFromEveryLabel) {
-  const SdsWaterfallBand b = twoMetres();
-  EXPECT_EQ(b.lower, "144.0000");
-  EXPECT_EQ(b.center, "146.0000");
-  EXPECT_EQ(b.upper, "148.0000");
-  EXPECT_EQ(b.span, "4.0000");
-  EXPECT_EQ(b.step, "12.5kHz");
-  EXPECT_EQ(b.mod, "NFM");
-  EXPECT_EQ(b.mf, "146.0000");
-  EXPECT_EQ(b.gain, "2");
-  EXPECT_EQ(b.lowUnits(), 1440000);
-  EXPECT_EQ(b.highUnits(), 1480000);
+  EXPECT_EQ(labels(twoMetres()),
+            "144.0000|146.0000|148.0000|4.0000|12.5kHz|NFM|146.0000|2|1440000-1480000");
 }
 
 TEST(SdsWaterfallBand, WorksOutCentreAndSpanWhenTheScannerLeftThemOut) {
-  const SdsWaterfallBand b =
-      SdsWaterfallBand::fromStatus(" 156.000000MHz; 162.000000MHz;25kHz", "", "");
-  EXPECT_EQ(b.center, "159.0000");
-  EXPECT_EQ(b.span, "6.0000");
-  EXPECT_EQ(b.mod, "");
-  EXPECT_EQ(b.mf, "");
+  EXPECT_EQ(labels(SdsWaterfallBand::fromStatus(" 156.000000MHz; 162.000000MHz;25kHz", "", "")),
+            "156.0000|159.0000|162.0000|6.0000|25kHz||||1560000-1620000");
 }
 
 TEST(SdsWaterfallBand, UnknownBandHasNoEdges) {
-  const SdsWaterfallBand b = SdsWaterfallBand::fromStatus("", "", "");
-  EXPECT_EQ(b.lowUnits(), 0);
-  EXPECT_EQ(b.highUnits(), 0);
-  EXPECT_EQ(b.center, "");
+  EXPECT_EQ(labels(SdsWaterfallBand::fromStatus("", "", "")), "||||||||0-0");
 }
 
 TEST(MaskedMhz, KeepsTwoDigitsBeforeTheMarkAndFourAfter) {
-  EXPECT_EQ(maskedMhz(5.1), "05.1000");
-  EXPECT_EQ(maskedMhz(146.52), "146.5200");
-  EXPECT_EQ(maskedMhz(0), "00.0000");
-  EXPECT_EQ(maskedMhz(1299.99995), "1300.0000");
+  for (const auto& [mhz, text] : {std::pair{5.1, "05.1000"},
+                                  {146.52, "146.5200"},
+                                  {0.0, "00.0000"},
+                                  {1299.99995, "1300.0000"}})
+    EXPECT_EQ(maskedMhz(mhz), text) << mhz;
 }
 
 TEST(SdsWaterfallPage, TakesTheLevelsOfAFrame) {
   SdsWaterfallPage page;
   ASSERT_TRUE(page.receive(frame({10, 20, 900, 30}) + "\r"));
   EXPECT_EQ(page.lastFrame(), (std::vector<double>{10, 20, 900, 30}));
-  EXPECT_EQ(page.bins(), 4);
-  EXPECT_EQ(page.maxBin(), 2);
-  EXPECT_DOUBLE_EQ(page.maxLevel(), 900);
-  // The traces are 1-based for the graph and the waterfall.
-  EXPECT_DOUBLE_EQ(page.traces().rows[2][3], 900);
-  EXPECT_DOUBLE_EQ(page.traces().rows[0][1], 10);
-  EXPECT_EQ(page.waterfall().rows(), 1);
-  EXPECT_EQ(page.waterfall().level(0, 3), 225);  // 900 / 4
+  // The traces are 1-based for the graph and the waterfall; 225 is 900 / 4.
+  EXPECT_EQ(std::make_tuple(page.bins(), page.maxBin(), page.maxLevel(), page.traces().rows[2][3],
+                            page.traces().rows[0][1], page.waterfall().rows(),
+                            page.waterfall().level(0, 3)),
+            std::make_tuple(4, 2, 900.0, 900.0, 10.0, 1, 225));
 }
 
 TEST(SdsWaterfallPage, AReplyReadWithTheFrameIsNoPartOfIt) {
@@ -80,12 +67,9 @@ TEST(SdsWaterfallPage, AReplyReadWithTheFrameIsNoPartOfIt) {
 
 TEST(SdsWaterfallPage, RefusesOtherLinesAndEmptyFrames) {
   SdsWaterfallPage page;
-  EXPECT_FALSE(page.receive("GLG,01460000,NFM"));
-  EXPECT_FALSE(page.receive("GWF"));
-  EXPECT_FALSE(page.receive(""));
-  EXPECT_EQ(page.frames(), 0);
-  EXPECT_EQ(page.maxBin(), -1);
-  EXPECT_EQ(page.maxSignalText(), "Max signal:");
+  for (const char* line : {"GLG,01460000,NFM", "GWF", ""}) EXPECT_FALSE(page.receive(line)) << line;
+  EXPECT_EQ(std::make_tuple(page.frames(), page.maxBin(), page.maxSignalText()),
+            std::make_tuple(0, -1, "Max signal:"));
 }
 
 TEST(SdsWaterfallPage, HoldSpectrumKeepsTheTraceAsItWas) {
@@ -108,24 +92,20 @@ TEST(SdsWaterfallPage, MeansOverTheChosenDepthOfRecentFrames) {
   page.receive(frame({30, 600}));
   EXPECT_DOUBLE_EQ(page.smoothed()[1], 450);
   page.receive(frame({60, 0}));
-  EXPECT_DOUBLE_EQ(page.smoothed()[0], 30);
-  EXPECT_DOUBLE_EQ(page.smoothed()[1], 300);
+  EXPECT_EQ(page.smoothed(), (std::vector<double>{30, 300}));
   page.receive(frame({90, 0}));  // the first frame falls out of a depth of three
-  EXPECT_DOUBLE_EQ(page.smoothed()[0], 60);
-  EXPECT_DOUBLE_EQ(page.smoothed()[1], 200);
-  // A smaller depth takes effect at once on the frames held.
-  page.setDepth(1);
-  EXPECT_DOUBLE_EQ(page.smoothed()[0], 90);
-  EXPECT_DOUBLE_EQ(page.smoothed()[1], 0);
+  EXPECT_EQ(page.smoothed(), (std::vector<double>{60, 200}));
+  page.setDepth(1);  // a smaller depth takes effect at once on the frames held
+  EXPECT_EQ(page.smoothed(), (std::vector<double>{90, 0}));
   EXPECT_EQ(page.maxBin(), 0);
 }
 
 TEST(SdsWaterfallPage, DepthStaysBetweenOneAndFive) {
   SdsWaterfallPage page;
   page.setDepth(9);
-  EXPECT_EQ(page.depth(), 5);
+  const int high = page.depth();
   page.setDepth(0);
-  EXPECT_EQ(page.depth(), 1);
+  EXPECT_EQ(std::make_pair(high, page.depth()), std::make_pair(5, 1));
   page.setDepth(5);
   for (int i = 0; i < 7; ++i) page.receive(frame({i * 100}));
   // The last five of 0..600: 200, 300, 400, 500, 600.
@@ -162,9 +142,9 @@ TEST(SdsWaterfallPage, PointerShowsTheFrequencyUnderThePixel) {
   SdsWaterfallPage page;
   EXPECT_EQ(page.pointerText(10, 100), "");  // no band yet
   page.setBand(twoMetres());
-  EXPECT_EQ(page.pointerText(0, 400), "Pointer= 144.0000");
-  EXPECT_EQ(page.pointerText(200, 400), "Pointer= 146.0000");
-  EXPECT_EQ(page.pointerText(100, 400), "Pointer= 145.0000");
+  EXPECT_EQ(page.pointerText(0, 400) + "|" + page.pointerText(200, 400) + "|" +
+                page.pointerText(100, 400),
+            "Pointer= 144.0000|Pointer= 146.0000|Pointer= 145.0000");
 }
 
 }  // namespace

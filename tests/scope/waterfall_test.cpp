@@ -22,9 +22,8 @@ TEST(Waterfall, WithoutStepsNothingIsPaintedAndTheUserIsTold) {
   EXPECT_FALSE(w.Initialize(0));
   EXPECT_EQ(w.message(), "set discrete steps");
   EXPECT_FALSE(w.Paint(filtered({400, 400})));
-  EXPECT_EQ(w.rows(), 0);
-  EXPECT_EQ(w.bytes(), 0u);
-  EXPECT_EQ(w.render(100).pixels.size(), 0u);
+  EXPECT_EQ(std::make_tuple(w.rows(), w.bytes(), w.render(100).pixels.size()),
+            std::make_tuple(0, std::size_t{0}, std::size_t{0}));
   EXPECT_TRUE(w.Initialize(2));
   EXPECT_TRUE(w.Paint(filtered({400, 400})));
   EXPECT_EQ(w.message(), "");
@@ -111,12 +110,10 @@ TEST(Waterfall, HistoryStopsAtEightyThousandSweepsDroppingTheOldest) {
     t.rows[2][2] = (k / 256 % 256) * 4;
     w.Paint(t);
   }
-  EXPECT_EQ(w.rows(), 80000);
-  EXPECT_EQ(w.bytes(), 80000u * 250);
+  EXPECT_EQ(std::make_pair(w.rows(), w.bytes()), std::make_pair(80000, std::size_t{80000} * 250));
   auto sweepAt = [&](int row) { return w.level(row, 1) + 256 * w.level(row, 2); };
-  EXPECT_EQ(sweepAt(0), 80004 % 65536);
-  EXPECT_EQ(sweepAt(79999), 5);
-  EXPECT_EQ(w.level(80000, 1), 0);
+  EXPECT_EQ(std::make_tuple(sweepAt(0), sweepAt(79999), w.level(80000, 1)),
+            std::make_tuple(80004 % 65536, 5, 0));
 }
 
 TEST(Waterfall, TheMemoryBudgetCapsWideSweeps) {
@@ -134,13 +131,11 @@ TEST(Waterfall, TheMemoryBudgetCapsWideSweeps) {
     t.rows[2][3200] = k % 2 ? 1020 : 0;
     w.Paint(t);
   }
-  EXPECT_EQ(w.rows(), 20971);
-  EXPECT_LE(w.bytes(), Waterfall::kMaxBytes);
-  EXPECT_EQ(w.level(0, 3200), 0);  // sweep 20972
-  EXPECT_EQ(w.level(1, 3200), 255);
+  EXPECT_LE(w.bytes(), Waterfall::kMaxBytes);  // row 0 is sweep 20972
+  EXPECT_EQ(std::make_tuple(w.rows(), w.level(0, 3200), w.level(1, 3200)),
+            std::make_tuple(20971, 0, 255));
   w.clear();
-  EXPECT_EQ(w.bytes(), 0u);
-  EXPECT_EQ(w.rows(), 0);
+  EXPECT_EQ(std::make_pair(w.bytes(), w.rows()), std::make_pair(std::size_t{0}, 0));
 }
 
 TEST(WaterfallFileName, SeparatorsBecomeThoseAFileNameMayHold) {
