@@ -368,6 +368,9 @@ void PatrolWindow::fillListView() {
   }
   listView1_->setColumnHidden(Startup, !pro_);
   listView1_->setColumnHidden(SystemKeys, !pro_);
+  // The names are the column a user reads first: wide enough for them, within reason.
+  listView1_->resizeColumnToContents(Name);
+  listView1_->setColumnWidth(Name, std::min(listView1_->columnWidth(Name), 320));
   filling_ = false;
 }
 
