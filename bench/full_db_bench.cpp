@@ -5,9 +5,10 @@
 
 #include <filesystem>
 
+#include "core/atomic_file.h"
+
 #include "database/db_near.h"
 #include "database/hpdb_index.h"
-#include "database/safe_replace.h"
 #include "database/state_edit.h"
 #include "database/state_file.h"
 
@@ -48,8 +49,8 @@ void BM_WriteLargestStateFile(benchmark::State& state) {
   }
   const fs::path target = folder / "zel_full_db_bench_s_000006.hpd";
   for (auto _ : state) {
-    const ReplaceResult r = replaceFileContent(target.string(), load.file->text(), false);
-    if (!r.ok) state.SkipWithError(r.error.c_str());
+    const zel::WriteStatus r = zel::writeFileAtomically(target.string(), load.file->text());
+    if (!r.ok) state.SkipWithError(r.message.c_str());
   }
   std::error_code ec;
   fs::remove(target, ec);

@@ -7,17 +7,17 @@
 //                [--service NAME]
 // STATE is a state file's name (s_000006.hpd) or the state's name as the index gives it.
 // Systems and departments are numbered from 1 in file order, departments within their system.
-// `apply` writes the state file back in place, through a temporary file, keeping the first
-// previous content as s_NNNNNN.bak.
+// `apply` writes the state file back in place, through a temporary file, keeping the content
+// it replaces as s_NNNNNN.hpd.bak.
 #include <filesystem>
 #include <iostream>
 #include <memory>
 
 #include "cli/cmd_db_common.h"
+#include "core/atomic_file.h"
 #include "core/settings.h"
 #include "core/text.h"
 #include "database/hpdb_detect.h"
-#include "database/safe_replace.h"
 #include "database/state_edit.h"
 #include "database/state_file.h"
 #include "transfer/drive_roots.h"
@@ -219,16 +219,16 @@ void runApply(const StateArgs& args) {
   const database::ApplyResult result = database::applyChanges(loaded.file, rows, changes);
   bool backup = false;
   if (result.linesChanged > 0) {
-    const database::ReplaceResult written =
-        database::replaceFileContent(loaded.state.path, loaded.file.text());
-    if (!written.ok) throw cli::UserError{written.error};
+    const WriteStatus written = writeFileAtomically(loaded.state.path, loaded.file.text(),
+                                                    KeepBackup::OncePerSession);
+    if (!written.ok) throw cli::UserError{written.message};
     backup = written.backupMade;
   }
   if (args.json) {
     std::cout << "{\"file\":\"" << cli::dbJson(loaded.state.path) << "\",\"channels\":"
               << items.size() << ",\"linesChanged\":" << result.linesChanged
               << ",\"fieldsChanged\":" << result.fieldsChanged << ",\"backup\":"
-              << (backup ? "\"" + cli::dbJson(database::backupPathFor(loaded.state.path)) + "\""
+              << (backup ? "\"" + cli::dbJson(backupPathFor(loaded.state.path)) + "\""
                          : std::string("null"))
               << "}\n";
   } else {
@@ -236,7 +236,7 @@ void runApply(const StateArgs& args) {
               << loaded.state.fileName
               << (result.linesChanged ? "" : " (they already held those values; the file was not written)")
               << "\n";
-    if (backup) std::cout << "The previous content is kept in " << database::backupPathFor(loaded.state.path) << "\n";
+    if (backup) std::cout << "The previous content is kept in " << backupPathFor(loaded.state.path) << "\n";
   }
 }
 

@@ -18,7 +18,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "database/safe_replace.h"
+#include "core/atomic_file.h"
 #include "grid/vocabulary.h"
 #include "ui/qt_feedback.h"
 
@@ -452,16 +452,17 @@ bool FullDatabaseWindow::apply() {
   database::StateFile changed = *file_;
   const database::ApplyResult result = database::applyChanges(changed, rows, changes);
   Busy busy;
-  const database::ReplaceResult written = database::replaceFileContent(path_, changed.text());
+  const WriteStatus written =
+      writeFileAtomically(path_, changed.text(), KeepBackup::OncePerSession);
   if (!written.ok) {
-    setStatus(fromLatin1(written.error));
-    feedback_.message(written.error);
+    setStatus(fromLatin1(written.message));
+    feedback_.message(written.message);
     return false;
   }
   file_ = std::move(changed);
   std::string status = "Changed " + std::to_string(result.linesChanged) + " of " +
                        std::to_string(rows.size()) + " ticked channels; " + path_ + " written.";
-  if (written.backupMade) status += " The previous content is kept in " + database::backupPathFor(path_) + ".";
+  if (written.backupMade) status += " The previous content is kept in " + backupPathFor(path_) + ".";
   setStatus(fromLatin1(status));
   return true;
 }

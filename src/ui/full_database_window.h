@@ -2,7 +2,7 @@
 // local copy that the vendor's PC software keeps, one state file at a time. The user picks a
 // state file, lists its channels by system, department or kind, ticks channels and the
 // settings to change, and applies them; the state file is written back through a temporary
-// file and keeps its first previous content as s_NNNNNN.bak. The work is the database
+// file and keeps what it replaced, once a session, as s_NNNNNN.hpd.bak. The work is the database
 // library's; this window finds, lists, ticks and remembers.
 #pragma once
 

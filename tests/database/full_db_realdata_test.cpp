@@ -10,7 +10,7 @@
 
 #include "core/text.h"
 #include "database/hpdb_index.h"
-#include "database/safe_replace.h"
+#include "core/atomic_file.h"
 #include "database/state_edit.h"
 #include "database/state_file.h"
 #include "formats/text_file.h"
@@ -98,7 +98,7 @@ TEST(FullDbRealdata, ApplyChangesOnlyTheTableFieldsOfTheChosenLines) {
       chosen.insert(i.row);
     }
     applyChanges(file, rows, changes);
-    ASSERT_TRUE(replaceFileContent(copy, file.text()).ok);
+    ASSERT_TRUE(writeFileAtomically(copy, file.text(), KeepBackup::OncePerSession).ok);
 
     const auto before = linesAndFields(*formats::readWholeFile(state->path));
     const auto after = linesAndFields(*formats::readWholeFile(copy));

@@ -1,5 +1,5 @@
 // The full database library: where a database is found, what an index names, how lines are
-// recognised and keyed, how settings are named, what reaches a point, and the safe write.
+// recognised and keyed, how settings are named, and what reaches a point.
 // Listing and applying are proven through the window (tests/ui) and on the real database.
 #include <gtest/gtest.h>
 
@@ -9,7 +9,6 @@
 #include "core/text.h"
 #include "database/db_near.h"
 #include "database/hpdb_index.h"
-#include "database/safe_replace.h"
 #include "database/state_edit.h"
 #include "database/state_file.h"
 #include "formats/text_file.h"
@@ -182,27 +181,6 @@ TEST(DbNear, CirclesThatReachThePointAreListedWithTheirSystems) {
   }
   // One degree of latitude is about 69 miles.
   EXPECT_NEAR(distanceMiles(37.0, -122.0, 38.0, -122.0), 69.1, 0.1);
-}
-
-TEST(SafeReplace, TheFirstReplacementKeepsTheOldContentAndFailuresChangeNothing) {
-  TestFolder dir;
-  const std::string path = dir.file("s_000006.hpd");
-  write(path, "one\r\n");
-  ASSERT_TRUE(replaceFileContent(path, "two\r\n").backupMade);
-  const ReplaceResult second = replaceFileContent(path, "three\r\n");
-  EXPECT_TRUE(second.ok && !second.backupMade);
-  EXPECT_EQ(formats::readWholeFile(path), "three\r\n");
-  EXPECT_EQ(formats::readWholeFile(dir.file("s_000006.bak")), "one\r\n");
-  EXPECT_EQ(std::distance(fs::directory_iterator(dir.path()), fs::directory_iterator()), 2)
-      << "no temporary file is left behind";
-
-  fs::create_directory(dir.file("folder.hpd"));
-  const ReplaceResult onFolder = replaceFileContent(dir.file("folder.hpd"), "x");
-  EXPECT_FALSE(onFolder.ok);
-  EXPECT_EQ(onFolder.error, "folder.hpd was not written and is unchanged: that name is a folder.");
-  const ReplaceResult noFolder = replaceFileContent(dir.file("missing/s.hpd"), "x");
-  EXPECT_FALSE(noFolder.ok);
-  EXPECT_FALSE(fs::exists(dir.file("missing")));
 }
 
 }  // namespace

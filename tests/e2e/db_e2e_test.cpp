@@ -74,7 +74,7 @@ TEST_F(DbCommand, RefusalsAreOneSentenceAndWriteNothing) {
     if (c.exitCode == 1) EXPECT_EQ(pieces(r.err).size(), 1u) << r.err;
   }
   EXPECT_EQ(slurp(path("HPDB/s_000006.hpd")), kState);
-  EXPECT_FALSE(fs::exists(path("HPDB/s_000006.bak")));
+  EXPECT_FALSE(fs::exists(path("HPDB/s_000006.hpd.bak")));
 }
 
 TEST_F(DbCommand, NearListsWhatCoversThePlaceNearestFirst) {
