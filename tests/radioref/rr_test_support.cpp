@@ -65,12 +65,8 @@ HttpReply LoopbackTransport::post(const std::string& url, const std::string& soa
 }
 
 HttpReply ScriptedTransport::get(const std::string& url, const std::string&, const std::string&,
-                                 int) {
-  sent.push_back({url, {}, {}});
-  if (replies.empty()) return HttpReply{false, false, 0, {}, "Connection refused"};
-  HttpReply r = replies.front();
-  replies.pop_front();
-  return r;
+                                 int timeoutMs) {
+  return post(url, {}, {}, timeoutMs);
 }
 
 HttpReply ScriptedTransport::post(const std::string& url, const std::string& soapAction,
