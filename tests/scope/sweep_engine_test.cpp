@@ -46,6 +46,11 @@ struct Rig {
     r.stepIndex = step;
     return r;
   }
+  // The numbers of the engine's timers that run, e.g. "23".
+  std::string timers() const {
+    return std::string(engine.timer1Enabled() ? "1" : "") + (engine.timer2Enabled() ? "2" : "") +
+           (engine.timer3Enabled() ? "3" : "");
+  }
   void stream(const std::string& lines) {
     port.feed(lines);
     engine.onTimer1();
@@ -168,8 +173,7 @@ TEST(SweepProgram, CommandSequenceWithWaits) {
   int draws = 0;
   rig.engine.onDraw = [&](bool) { ++draws; };
   rig.stream("");
-  EXPECT_TRUE(rig.engine.streamLines.empty());
-  EXPECT_EQ(draws, 1);
+  EXPECT_TRUE(rig.engine.streamLines.empty() && draws == 1);
 }
 
 TEST(SweepProgram, CsgFlagsPerSlotAndStepCodes) {
@@ -200,7 +204,7 @@ TEST(SweepProgram, StopSwitchesTheStreamOffAndTheTimers) {
   rig.port.clearOutput();
   rig.engine.stop();
   EXPECT_EQ(rig.port.commands(), std::vector<std::string>{"CSC,OFF"});
-  EXPECT_FALSE(rig.engine.timer1Enabled());
+  EXPECT_EQ(rig.timers(), "");
   EXPECT_EQ(rig.engine.state(), SweepState::Stopped);
 }
 
@@ -401,8 +405,7 @@ TEST(SweepStats, HitsPerBinHourAndDayWithTruncatedPercentages) {
   EXPECT_EQ(rig.engine.stats[1].high, 70);
   EXPECT_EQ(rig.engine.openLines.back(), "0144.0875,70,10:00:01,2026-01-04");
   EXPECT_EQ(rig.engine.streamLines.back(), "CSC,70,01440875,1 / 1");
-  EXPECT_EQ(rig.engine.lastFrequency, "0144.0875");
-  EXPECT_EQ(rig.engine.lastLevel, "70");
+  EXPECT_EQ(rig.engine.lastFrequency + "/" + rig.engine.lastLevel, "0144.0875/70");
 }
 
 TEST(SweepStats, HourAndWeekdayIndexes) {
@@ -457,35 +460,31 @@ TEST(SweepSds, ModelDecidesThePathAndFramesFillTheLiveTrace) {
   r.forceSqlLevel = 50;
   ASSERT_TRUE(rig.start(r));
   EXPECT_TRUE(rig.port.commands().empty());  // no search is programmed
-  EXPECT_FALSE(rig.engine.timer1Enabled());
-  EXPECT_TRUE(rig.engine.timer2Enabled());
+  EXPECT_EQ(rig.timers(), "2");
   rig.engine.onTimer2();
   EXPECT_EQ(rig.port.commands(), std::vector<std::string>{"GWF,1"});
-  EXPECT_FALSE(rig.engine.timer2Enabled());
-  EXPECT_TRUE(rig.engine.timer3Enabled());
+  EXPECT_EQ(rig.timers(), "3");
   std::string frame = "GWF";
   for (int i = 0; i < 250; ++i) frame += "," + std::to_string(i == 100 ? 77 : i % 10);
   rig.port.feed(frame + "\r");
   int draws = 0;
   rig.engine.onDraw = [&](bool) { ++draws; };
   rig.engine.onTimer3();
-  EXPECT_TRUE(rig.engine.timer2Enabled());
-  EXPECT_FALSE(rig.engine.timer3Enabled());
+  EXPECT_EQ(rig.timers(), "2");
   EXPECT_EQ(SweepEngine::kSdsTimerMs, 100);
   const auto& live = rig.engine.traces.rows[0];
   EXPECT_EQ(std::vector<double>({live[0], live[9], live[100], live[249]}),
             (std::vector<double>{0, 9, 77, 9}));
-  EXPECT_EQ(rig.engine.streamLines.back(), "9 : ");
-  EXPECT_EQ(rig.engine.sweepCount, 1);
-  EXPECT_EQ(draws, 2);                     // the frame's end, then the draw of the tick
+  // Two draws: the frame's end, then the draw of the tick.
+  EXPECT_EQ(std::tie(rig.engine.streamLines.back(), rig.engine.sweepCount, draws),
+            std::make_tuple("9 : ", 1, 2));
   ASSERT_EQ(rig.engine.stats.size(), 1u);  // 144 + 4 MHz * 100 / 250
   EXPECT_EQ(statText(rig.engine.stats[0]).substr(0, 20), "A100 0145.6000 1 100");
   // Nothing arrived: no frame, the values stay, Timer2 asks again.
   rig.engine.onTimer2();
   rig.engine.onTimer3();
-  EXPECT_EQ(rig.engine.sweepCount, 1);
-  EXPECT_DOUBLE_EQ(rig.engine.traces.rows[0][100], 77);
-  EXPECT_TRUE(rig.engine.timer2Enabled());
+  EXPECT_EQ(std::make_tuple(rig.engine.sweepCount, live[100], rig.timers()),
+            std::make_tuple(1, 77.0, "2"));
 }
 
 TEST(SweepSds, APortThatCannotOpenSaysSo) {
