@@ -130,7 +130,7 @@ void runStates(const cli::DbSource& source, bool json) {
     const auto size = std::filesystem::file_size(s.path, ec);
     const long long bytes = ec ? -1 : static_cast<long long>(size);
     if (json) {
-      std::cout << (first ? "" : ",") << "\n {\"number\":" << s.number << ",\"name\":\""
+      std::cout << (first ? "" : ",") << "{\"number\":" << s.number << ",\"name\":\""
                 << cli::dbJson(s.name) << "\",\"file\":\"" << s.fileName
                 << "\",\"present\":" << (bytes >= 0 ? "true" : "false") << ",\"bytes\":"
                 << (bytes >= 0 ? bytes : 0) << "}";
@@ -141,7 +141,7 @@ void runStates(const cli::DbSource& source, bool json) {
     }
     first = false;
   }
-  if (json) std::cout << "\n]\n";
+  if (json) std::cout << "]\n";
 }
 
 void runSystems(const StateArgs& args) {
@@ -153,7 +153,7 @@ void runSystems(const StateArgs& args) {
   if (args.system == 0) {
     for (const database::SystemInfo& s : file.systems()) {
       if (args.json) {
-        std::cout << (first ? "" : ",") << "\n {\"system\":" << s.number << ",\"kind\":\""
+        std::cout << (first ? "" : ",") << "{\"system\":" << s.number << ",\"kind\":\""
                   << (s.trunk ? "trunk" : "conventional") << "\",\"name\":\""
                   << cli::dbJson(s.name) << "\",\"type\":\"" << cli::dbJson(s.type) << "\"}";
       } else {
@@ -164,7 +164,7 @@ void runSystems(const StateArgs& args) {
   } else {
     for (const database::DepartmentInfo& d : database::departmentsOf(file, args.system)) {
       if (args.json) {
-        std::cout << (first ? "" : ",") << "\n {\"system\":" << d.system
+        std::cout << (first ? "" : ",") << "{\"system\":" << d.system
                   << ",\"department\":" << d.number << ",\"name\":\"" << cli::dbJson(d.name)
                   << "\"}";
       } else {
@@ -173,7 +173,7 @@ void runSystems(const StateArgs& args) {
       first = false;
     }
   }
-  if (args.json) std::cout << "\n]\n";
+  if (args.json) std::cout << "]\n";
 }
 
 void runList(const StateArgs& args) {
@@ -184,13 +184,13 @@ void runList(const StateArgs& args) {
     std::cout << "[";
     for (std::size_t n = 0; n < items.size(); ++n) {
       const database::ChannelItem& i = items[n];
-      std::cout << (n ? "," : "") << "\n {\"key\":\"" << i.key << "\",\"kind\":\""
+      std::cout << (n ? "," : "") << "{\"key\":\"" << i.key << "\",\"kind\":\""
                 << (i.talkgroup ? "TGID" : "C-Freq") << "\",\"frequencyOrId\":\""
                 << cli::dbJson(i.frequencyOrId) << "\",\"alphaTag\":\"" << cli::dbJson(i.alphaTag)
                 << "\",\"service\":" << i.service << ",\"serviceName\":\""
                 << cli::dbJson(i.serviceName) << "\",\"line\":" << i.row + 1 << "}";
     }
-    std::cout << "\n]\n";
+    std::cout << "]\n";
     return;
   }
   std::cout << "#\tFrequency/ID:\tAlphaTag:\tServiceType:\n";

@@ -61,7 +61,7 @@ void runNear(const NearArgs& args) {
     std::cout << "],\"hits\":[";
     for (std::size_t n = 0; n < count; ++n) {
       const database::NearHit& h = result.hits[n];
-      std::cout << (n ? "," : "") << "\n {\"kind\":\"" << database::nearKindName(h.kind)
+      std::cout << (n ? "," : "") << "{\"kind\":\"" << database::nearKindName(h.kind)
                 << "\",\"distance\":" << fixed(h.distance, 2) << ",\"range\":" << fixed(h.range, 1)
                 << ",\"latitude\":" << fixed(h.latitude, 6) << ",\"longitude\":"
                 << fixed(h.longitude, 6) << ",\"state\":\"" << cli::dbJson(h.stateName)
@@ -69,7 +69,7 @@ void runNear(const NearArgs& args) {
                 << ",\"system\":\"" << cli::dbJson(h.system) << "\",\"name\":\""
                 << cli::dbJson(h.name) << "\"}";
     }
-    std::cout << "\n]}\n";
+    std::cout << "]}\n";
     return;
   }
   if (result.hits.empty()) {
