@@ -12,6 +12,8 @@
 namespace zel::control {
 namespace {
 
+using Lines = std::vector<std::string>;
+
 int logRows(const LogPage& page) {
   int n = 0;
   for (int r = 1; r <= LogPage::kRows; ++r) n += page.cell(r, 0) == "LOG";
@@ -46,9 +48,8 @@ TEST(ActivityLogger, TheSameChannelAfterFiveQuietSecondsCountsAgainOnItsRow) {
   rig.vc->options.logSubtones = false;
   rig.vc->status.signalValue = "512";
   rig.transmission("0154.4300", "Dispatch", "127.3");
-  ASSERT_EQ(rig.lines.size(), 1u);
-  EXPECT_EQ(rig.lines[0],
-            "LOG,154.4300,,Dispatch,127.3C,,,County,Fire,1,512,NFM,10:00:00,2026-01-01");
+  EXPECT_EQ(rig.lines,
+            Lines{"LOG,154.4300,,Dispatch,127.3C,,,County,Fire,1,512,NFM,10:00:00,2026-01-01"});
   rig.run(250 + 5000 + 100);  // hold-off, then the five quiet seconds
   rig.clock.time = "10:00:09";
   rig.transmission("0154.4300", "Dispatch", "127.3");
@@ -112,9 +113,8 @@ TEST(ActivityLogger, AHitWithoutFrequencyTakesTheWindowFrequency) {
   rig.glg(glgReply("2412", "Fire Ops 1", "", true, "293"));
   rig.vc->logger.onTimer3();
   EXPECT_EQ(rig.lines,
-            (std::vector<std::string>{
-                "LOG,851.0125,2412,Fire Ops 1,,293,,County,Fire,1,,NFM,10:00:00,2026-01-01",
-                "NAC,,2412,Fire Ops 1,,293,,County,Fire,-,,NFM,10:00:00,2026-01-01"}));
+            (Lines{"LOG,851.0125,2412,Fire Ops 1,,293,,County,Fire,1,,NFM,10:00:00,2026-01-01",
+                   "NAC,,2412,Fire Ops 1,,293,,County,Fire,-,,NFM,10:00:00,2026-01-01"}));
 }
 
 TEST(ActivityLogger, UidRowsForTalkgroupsButNotForABlankUid) {
@@ -163,12 +163,7 @@ TEST(ActivityLogger, ToneOutRowsAndTheEmptyTone) {
     rig.sts(stsReply("0000100", c.lines));
     rig.vc->logger.onTimer3();
     rig.vc->logger.onTimer3();
-    if (c.row) {
-      ASSERT_EQ(rig.lines.size(), 1u);
-      EXPECT_EQ(rig.lines[0], c.row);
-    } else {
-      EXPECT_TRUE(rig.lines.empty());
-    }
+    EXPECT_EQ(rig.lines, c.row ? Lines{c.row} : Lines{});
   }
 }
 
@@ -181,9 +176,9 @@ TEST(ActivityLogger, AnSdsLineDescribesOneTransmissionWhole) {
       gsiReply("  <ConvFrequency Name=\"Dispatch\" Freq=\" 154.430000MHz\" Mod=\"NFM\" "
                "SvcType=\"Fire Dispatch\" />\r  <Property Mute=\"Unmute\" Rssi=\"-60\" />\r"));
   rig.vc->logger.onTimer3();
-  ASSERT_EQ(rig.lines.size(), 1u);
-  EXPECT_EQ(rig.lines[0],
-            "LOG,154.4300,,Dispatch,,,,Fire Dispatch,County,Fire,1,-60,NFM,10:00:00,2026-01-01");
+  EXPECT_EQ(
+      rig.lines,
+      Lines{"LOG,154.4300,,Dispatch,,,,Fire Dispatch,County,Fire,1,-60,NFM,10:00:00,2026-01-01"});
   // The next one: its GLG is read, its GSI not yet. A tick here must not log a line made of
   // the new channel and the old one's service type and signal.
   rig.glg(glgReply("2412", "Fire Ops 1"));
@@ -211,7 +206,7 @@ TEST(ActivityLogger, LogAndAvoidPressesAvoidOncePerChannel) {
     rig.glg(glgReply("0154.4300", channel));
     rig.vc->logger.onTimer3();
   }
-  EXPECT_EQ(rig.port.commands(), (std::vector<std::string>{"KEY,L,P", "KEY,L,P"}));
+  EXPECT_EQ(rig.port.commands(), (Lines{"KEY,L,P", "KEY,L,P"}));
 }
 
 TEST(ActivityLogger, CloseCallHitsAreLoggedOncePerFrequency) {
@@ -251,8 +246,7 @@ TEST(ActivityLogger, AfterAHitTheScannerResumesOrAvoids) {
     rig.port.clearOutput();
     rig.glg(glgReply("0154.4300", "Dispatch"));
     rig.vc->logger.onTimer3();
-    EXPECT_EQ(rig.port.commands(),
-              c.key ? std::vector<std::string>{c.key} : std::vector<std::string>{});
+    EXPECT_EQ(rig.port.commands(), c.key ? Lines{c.key} : Lines{});
     EXPECT_EQ(rig.vc->logger.lastKey, c.key ? "" : "154.4300-Dispatch");
     if (c.key) EXPECT_FALSE(rig.vc->status.busy);
   }
@@ -269,7 +263,7 @@ TEST(ActivityLogger, ResumeAfterPressesTheKnobWhenTheSecondsAreUp) {
   rig.vc->logger.onTimer16();
   EXPECT_TRUE(rig.port.commands().empty());
   rig.vc->logger.onTimer16();
-  EXPECT_EQ(rig.port.commands(), std::vector<std::string>{"KEY,>,P"});
+  EXPECT_EQ(rig.port.commands(), Lines{"KEY,>,P"});
   EXPECT_FALSE(rig.vc->timers.enabled(Timer16));
   EXPECT_EQ(rig.vc->counters.secondsBusy, 0);
 }
@@ -372,10 +366,9 @@ TEST(ActivityLogger, TheSdsPageHasAnExtraInfoColumn) {
   rig.glg(glgReply("2412", "Fire Ops 1", "", true, "NONE"));
   rig.vc->decoder.parseGsi(gsiReply("<Property Mute=\"Unmute\" Rssi=\"-67\" />\r"));
   rig.vc->logger.onTimer3();
-  ASSERT_EQ(rig.lines.size(), 1u);
-  EXPECT_EQ(rig.lines[0],
-            "LOG,,2412,Fire Ops 1,,,,P25 Standard / Fire Dispatch,County,Fire,1,-67,NFM,"
-            "10:00:00,2026-01-01");
+  EXPECT_EQ(rig.lines,
+            Lines{"LOG,,2412,Fire Ops 1,,,,P25 Standard / Fire Dispatch,County,Fire,1,-67,NFM,"
+                  "10:00:00,2026-01-01"});
   EXPECT_EQ(std::make_tuple(rig.vc->logger.page.columns(), rig.vc->logger.page.cell(1, 10)),
             std::make_tuple(16, "1"));
   EXPECT_EQ(logHeaders(Family::Sds)[4], "Subtone-Detected");
@@ -392,7 +385,7 @@ TEST(SiteAnalysis, NeedsATrunkSiteThenCapturesReportsUntilStopped) {
   rig.vc->status.siteIndex = "12";
   rig.port.clearOutput();
   ASSERT_TRUE(logger.startAnalysis(SiteReport::LcnFinder));
-  EXPECT_EQ(rig.port.commands(), std::vector<std::string>{"AST,LCN_FINDER,12"});
+  EXPECT_EQ(rig.port.commands(), Lines{"AST,LCN_FINDER,12"});
   const auto& t = rig.vc->timers;
   EXPECT_FALSE(t.enabled(Timer1) || t.enabled(Timer10) || t.enabled(Timer2));
   EXPECT_TRUE(t.enabled(Timer8));
