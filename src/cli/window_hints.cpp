@@ -20,9 +20,6 @@ constexpr Hint kHints[] = {
      "On the command line: give the card's folder with --root DIR when it is mounted elsewhere."},
     {"HP1 not found, please plug USB cable in",
      "On the command line: give the HomePatrol-1's folder with --root DIR along with --hp1."},
-    {"Please select one or more channels",
-     "On the command line: the channels are those that --system, --department, --conv, --trunk "
-     "and --service leave; loosen them."},
     {"Please select at least one frequency for import.",
      "On the command line: name a subcategory with --subcat SCID (zel rr browse county CTID "
      "lists them)."},
