@@ -191,23 +191,34 @@ std::string formatSaveDiff(const SaveDiff& diff) {
 }
 
 std::string summarizeSaveDiff(const SaveDiff& diff, int maxRows) {
+  std::string out;
+  for (const LineChange& l : diff.lines) {
+    out += std::to_string(l.count) + " " + l.lineType + " lines " + (l.added ? "added" : "dropped") +
+           "\n";
+  }
+  // One row for each kind of change of a line type, its fields listed, the largest first.
   struct Row {
-    int count;
-    std::string text;
+    std::string lineType;
+    FieldChangeKind kind;
+    int lines = 0;
+    std::string fields;
   };
   std::vector<Row> rows;
-  for (const LineChange& l : diff.lines) {
-    rows.push_back({l.count, std::to_string(l.count) + " " + l.lineType + " lines " +
-                                 (l.added ? "added" : "dropped")});
-  }
   for (const FieldChange& f : diff.fields) {
-    rows.push_back({f.count, std::to_string(f.count) + " x " + f.lineType + " field " +
-                                 std::to_string(f.field) + " " + std::string(kindText(f.kind))});
+    auto it = std::find_if(rows.begin(), rows.end(), [&](const Row& r) {
+      return r.lineType == f.lineType && r.kind == f.kind;
+    });
+    if (it == rows.end()) it = rows.insert(rows.end(), Row{f.lineType, f.kind, 0, {}});
+    it->lines = std::max(it->lines, f.count);
+    it->fields += (it->fields.empty() ? "" : ", ") + std::to_string(f.field);
   }
   std::stable_sort(rows.begin(), rows.end(),
-                   [](const Row& a, const Row& b) { return a.count > b.count; });
-  std::string out;
-  for (int i = 0; i < static_cast<int>(rows.size()) && i < maxRows; ++i) out += rows[i].text + "\n";
+                   [](const Row& a, const Row& b) { return a.lines > b.lines; });
+  for (int i = 0; i < static_cast<int>(rows.size()) && i < maxRows; ++i) {
+    const Row& r = rows[i];
+    out += r.lineType + " lines, field " + r.fields + ": " + std::string(kindText(r.kind)) +
+           " in " + std::to_string(r.lines) + "\n";
+  }
   if (static_cast<int>(rows.size()) > maxRows) {
     out += "and " + std::to_string(rows.size() - maxRows) + " more kinds of change\n";
   }

@@ -54,7 +54,8 @@ SaveDiff diffSave(std::string_view original, std::string_view written);
 
 // Plain text lines, indented by two blanks, one a kind of change; "" when nothing changes.
 std::string formatSaveDiff(const SaveDiff& diff);
-// A short summary of at most `maxRows` kinds, the largest first, for a question.
+// A short summary for a question: the lines dropped and added, then at most `maxRows` rows
+// of field changes, one a line type and kind, the largest first.
 std::string summarizeSaveDiff(const SaveDiff& diff, int maxRows);
 // {"linesBefore":..,"linesAfter":..,"linesChanged":..,"lines":[..],"fields":[..]}
 std::string saveDiffJson(const SaveDiff& diff);

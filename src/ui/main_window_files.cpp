@@ -9,6 +9,7 @@
 #include "core/new_commands.h"
 #include "core/tree_operations.h"
 #include "formats/session_files.h"
+#include "formats/state_file_guard.h"
 #include "ui/main_window.h"
 #include "ui/qt_feedback.h"
 
@@ -128,6 +129,14 @@ void MainWindow::saveCommand() {
     saveAsCommand();
     return;
   }
+  // A database state file would lose its area lines and Ids: the user decides first.
+  const formats::SaveQuestion question = formats::stateFileSaveQuestion(session_, row, path, true);
+  if (question.needed) {
+    const Answer answer = feedback_.askPreferring("Save", question.text, Buttons::YesNoCancel,
+                                                  Answer::No);
+    if (answer == Answer::No) saveAsCommand();
+    if (answer != Answer::Yes) return;
+  }
   formats::saveDocumentFile(session_, row, path);
   afterFilesChanged();
 }
@@ -145,6 +154,11 @@ void MainWindow::saveAsCommand() {
   QString path = askFile(unsaved ? FileAsk::SaveUnsavedAs : FileAsk::SaveAs, suggested);
   if (path.isEmpty()) return;
   if (!path.endsWith(".hpd", Qt::CaseInsensitive)) path += ".hpd";
+  const formats::SaveQuestion question =
+      formats::stateFileSaveQuestion(session_, row, toLatin1(path), false);
+  if (question.needed &&
+      feedback_.askPreferring("Save As", question.text, Buttons::YesNo, Answer::No) != Answer::Yes)
+    return;
   formats::saveDocumentFile(session_, row, toLatin1(path));
   afterFilesChanged();
 }

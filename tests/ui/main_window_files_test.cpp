@@ -300,6 +300,58 @@ class MainWindowFilesTest : public QObject {
     QVERIFY(f.window->runCommand("Open Config File"));
     QCOMPARE(f.session.document().data.count(), nodes);
   }
+
+  // Save over a scanner's database state file asks first and says what the save drops: No
+  // offers Save As, Cancel leaves it; a save that replaces a file keeps it once as ".bak".
+  void savingADatabaseStateFileAsksFirst() {
+    NEED_CARD();
+    const std::string source =
+        std::string(ZEL_REALDATA_DIR) + "/card_sds200/BCDx36HP/HPDB/s_000106.hpd";
+    struct Case {
+      Answer answer;
+      bool replaced;
+      bool savedAs;
+    };
+    const Case cases[] = {
+        {Answer::Cancel, false, false}, {Answer::No, false, true}, {Answer::Yes, true, false}};
+    for (const Case& c : cases) {
+      Fixture f;
+      fs::create_directory(f.dir.file("HPDB"));
+      const std::string state = f.dir.file("HPDB/s_000106.hpd");
+      fs::copy_file(source, state);
+      fs::permissions(state, fs::perms::owner_write, fs::perm_options::add);
+      const auto before = formats::readWholeFile(state);
+      f.names = {f.q(state)};
+      QVERIFY(f.window->runCommand("Open"));
+      const std::string other = f.dir.file("mine.hpd");
+      f.names = {f.q(other)};
+      f.feedback.answers = {c.answer};
+      QVERIFY(f.window->runCommand("Save"));
+      QCOMPARE(f.feedback.questions.size(), std::size_t{1});
+      const std::string& asked = f.feedback.questions[0];
+      QVERIFY2(asked.find("6 AreaState lines dropped") != std::string::npos, asked.c_str());
+      QVERIFY2(asked.find("C-Freq lines, field 1, 2: Id emptied in 36") != std::string::npos,
+               asked.c_str());
+      QCOMPARE(formats::readWholeFile(state) != before, c.replaced);
+      QCOMPARE(fs::exists(state + ".bak"), c.replaced);
+      QCOMPARE(fs::exists(other), c.savedAs);
+    }
+  }
+
+  // A favorites list is saved without a question, and its first replacement of the run is
+  // kept beside it.
+  void savingAFavoritesListKeepsTheReplacedFileOnce() {
+    NEED_CARD();
+    Fixture f;
+    const auto original = formats::readWholeFile(f.list);
+    f.names = {f.q(f.list)};
+    QVERIFY(f.window->runCommand("Open"));
+    f.session.document().changed = true;
+    QVERIFY(f.window->runCommand("Save"));
+    QVERIFY(f.window->runCommand("Save"));
+    QVERIFY(f.feedback.questions.empty());
+    QCOMPARE(formats::readWholeFile(f.list + ".bak"), original);
+  }
 };
 
 QTEST_MAIN(MainWindowFilesTest)
