@@ -1,5 +1,7 @@
 #include "control/log_page.h"
 
+#include "core/atomic_file.h"
+
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -123,25 +125,7 @@ void LogPage::fromIni(std::string_view text) {
 }
 
 bool writeFileReplacing(const std::string& path, std::string_view text) {
-  std::string temp = path + ".tmp";
-  {
-    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-    if (!out) return false;
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
-    out.flush();
-    if (!out) {
-      out.close();
-      std::remove(temp.c_str());
-      return false;
-    }
-  }
-  std::error_code ec;
-  std::filesystem::rename(temp, path, ec);
-  if (ec) {
-    std::remove(temp.c_str());
-    return false;
-  }
-  return true;
+  return writeFileAtomically(path, text).ok;
 }
 
 bool LogPage::writeIni(const std::string& path) const {

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "core/atomic_file.h"
 #include "scope/waterfall.h"
 
 namespace zel::scope {
@@ -34,21 +35,9 @@ bool writeWhole(const Bytes& bytes, const std::string& path) {
   std::error_code ec;
   const std::filesystem::path target(path);
   if (target.has_parent_path()) std::filesystem::create_directories(target.parent_path(), ec);
-  const std::string temporary = path + ".tmp";
-  {
-    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-    if (!out) return false;
-    out.write(reinterpret_cast<const char*>(bytes.data()),
-              static_cast<std::streamsize>(bytes.size()));
-    if (!out.flush()) {
-      out.close();
-      std::filesystem::remove(temporary, ec);
-      return false;
-    }
-  }
-  std::filesystem::rename(temporary, target, ec);
-  if (ec) std::filesystem::remove(temporary, ec);
-  return !ec;
+  return writeFileAtomically(
+             path, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()))
+      .ok;
 }
 
 std::size_t bmpStride(int width) {

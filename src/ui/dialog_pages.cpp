@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "core/atomic_file.h"
 #include "core/keys.h"
 #include "core/record_line.h"
 #include "core/text.h"
@@ -114,22 +115,7 @@ cell::CommitEnv commitEnv(Session& session, Feedback& feedback) {
 }
 
 bool writeFileWhole(const std::string& path, std::string_view text) {
-  namespace fs = std::filesystem;
-  const std::string temp = path + ".part";
-  {
-    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-    if (!out || !out.write(text.data(), static_cast<std::streamsize>(text.size())) ||
-        !out.flush()) {
-      std::error_code ec;
-      fs::remove(temp, ec);
-      return false;
-    }
-  }
-  std::error_code ec;
-  fs::rename(temp, path, ec);
-  if (!ec) return true;
-  fs::remove(temp, ec);
-  return false;
+  return writeFileAtomically(path, text).ok;
 }
 
 }  // namespace zel::ui
