@@ -113,7 +113,11 @@ void run(const DbImportArgs& a) {
               << ",\"file\":\"" << dbJson(target) << "\"}\n";
     return;
   }
-  std::cout << "Imported " << join(r.systemKeys, ' ') << ": " << r.sites << " sites, "
+  const std::size_t n = r.systemKeys.size();
+  const std::string systems =
+      n <= 3 ? join(r.systemKeys, ' ')
+             : std::to_string(n) + " systems (" + r.systemKeys.front() + " ... " + r.systemKeys.back() + ")";
+  std::cout << "Imported " << systems << ": " << r.sites << " sites, "
             << r.frequencies << " site frequencies, " << r.departments << " departments, "
             << r.channels << " channels and talkgroups into " << target << "\n";
 }
