@@ -118,10 +118,8 @@ TEST(SweepStart, RangeChecksAndTimerInterval) {
     const bool accepted = rig.start(r);
     EXPECT_EQ(accepted, std::string(c.message).empty());
     if (!accepted) {
-      ASSERT_EQ(rig.feedback.messages.size(), 1u);
-      EXPECT_EQ(rig.feedback.messages[0], c.message);
-      EXPECT_TRUE(rig.port.commands().empty());
-      EXPECT_FALSE(rig.engine.timer1Enabled());
+      EXPECT_EQ(rig.feedback.messages, std::vector<std::string>{c.message});
+      EXPECT_TRUE(rig.port.commands().empty() && rig.timers().empty());
       continue;
     }
     EXPECT_TRUE(rig.feedback.messages.empty());
@@ -141,8 +139,8 @@ TEST(SweepStart, LabelsShowTheRangeResolutionAndAttenuator) {
   SweepRequest r = Rig::range("144.0000", "148.0000", 8);  // 25.00
   r.attenuator = true;
   ASSERT_TRUE(rig.start(r));
-  EXPECT_EQ(rig.engine.label9, "Resolution: 25.00 kHz Steps: 160 Sweepcount: 0");
-  EXPECT_EQ(rig.engine.label8, "ATT ON");
+  EXPECT_EQ(rig.engine.label9 + "|" + rig.engine.label8,
+            "Resolution: 25.00 kHz Steps: 160 Sweepcount: 0|ATT ON");
   EXPECT_EQ(rig.engine.label6, (std::array<std::string, 3>{"144.0000", "148.0000", "146.0000"}));
   r.attenuator = false;
   ASSERT_TRUE(rig.start(r));
@@ -390,9 +388,8 @@ TEST(SweepStats, HitsPerBinHourAndDayWithTruncatedPercentages) {
     rig.stream(s);
   }
   rig.stream(csc(kLow + 125, 2, 0));  // ends the third sweep
-  EXPECT_EQ(rig.engine.sweepCount, 3);
-  EXPECT_EQ(rig.engine.totalHits, 4);
-  EXPECT_EQ(rig.engine.distinctFrequencies, 2);
+  EXPECT_EQ(std::tie(rig.engine.sweepCount, rig.engine.totalHits, rig.engine.distinctFrequencies),
+            std::make_tuple(3, 4, 2));
   ASSERT_EQ(hits.size(), 4u);
   EXPECT_EQ(hits[0], std::make_tuple(5, 40, 1440625));
   ASSERT_EQ(rig.engine.stats.size(), 2u);
@@ -401,11 +398,11 @@ TEST(SweepStats, HitsPerBinHourAndDayWithTruncatedPercentages) {
   EXPECT_EQ(statText(rig.engine.stats[1]), "A7 0144.0875 1 33/0/33 33-33 2026-01-04 09:15:00");
   // A hit in the sweep now running shows bold.
   rig.stream(csc(kLow + 875, 70, 1));
-  EXPECT_TRUE(rig.engine.stats[1].bold);
-  EXPECT_EQ(rig.engine.stats[1].high, 70);
-  EXPECT_EQ(rig.engine.openLines.back(), "0144.0875,70,10:00:01,2026-01-04");
-  EXPECT_EQ(rig.engine.streamLines.back(), "CSC,70,01440875,1 / 1");
-  EXPECT_EQ(rig.engine.lastFrequency + "/" + rig.engine.lastLevel, "0144.0875/70");
+  const SweepEngine& e = rig.engine;
+  EXPECT_TRUE(e.stats[1].bold && e.stats[1].high == 70);
+  EXPECT_EQ(std::tie(e.openLines.back(), e.streamLines.back(), e.lastFrequency, e.lastLevel),
+            std::make_tuple("0144.0875,70,10:00:01,2026-01-04", "CSC,70,01440875,1 / 1",
+                            "0144.0875", "70"));
 }
 
 TEST(SweepStats, HourAndWeekdayIndexes) {
@@ -442,8 +439,8 @@ TEST(SweepSds, ModelDecidesThePathAndFramesFillTheLiveTrace) {
       if (cmd == "MDL") rig.port.feed(std::string("MDL,") + c.model + "\r");
       if (cmd == "VER") rig.port.feed("VER,Version 1.02\r");
     };
-    EXPECT_EQ(rig.engine.OpenScannerPort("/dev/ttyACM0"), c.sds);
-    EXPECT_EQ(rig.port.lastSettings, "115200,N,8,1");
+    EXPECT_EQ(std::make_pair(rig.engine.OpenScannerPort("/dev/ttyACM0"), rig.port.lastSettings),
+              std::make_pair(c.sds, std::string("115200,N,8,1")));
     EXPECT_EQ(rig.port.commands(), (std::vector<std::string>{"MDL", "MDL", "VER", "VER"}));
     EXPECT_EQ(rig.pump.waits, (std::vector<int>{200, 200, 200, 200}));
     EXPECT_NE(rig.engine.modelText().find(c.model), std::string::npos);
@@ -518,11 +515,9 @@ TEST(ScopeSettingsTest, DefaultsAndRoundTripWithTheMark) {
   s.gain = -4;
   s.port = "/dev/ttyACM1";
   s.save(store);
-  std::string raw;
-  ASSERT_TRUE(store.read("scope", "bc_fr1", raw));
-  EXPECT_EQ(raw, "150.1000x");
-  ASSERT_TRUE(store.read("scope", "bc_att", raw));
-  EXPECT_EQ(raw, "1x");
+  std::string fr1, att;
+  ASSERT_TRUE(store.read("scope", "bc_fr1", fr1) && store.read("scope", "bc_att", att));
+  EXPECT_EQ(fr1 + "|" + att, "150.1000x|1x");
   EXPECT_EQ(fields(ScopeSettings::load(store)), fields(s));
 
   // A step index beyond the list is held to it.
