@@ -41,7 +41,7 @@ QkeyBrowserWindow::QkeyBrowserWindow(Session& session, Feedback& feedback,
   setObjectName("frm_qkey_browser");
   setWindowTitle("Scanner QuickKey Overview:");
   build();
-  resize(980, 620);
+  resize(1180, 640);
   // The first scan waits until the window is on show.
   QTimer::singleShot(0, this, [this] { scan(); });
 }
@@ -66,8 +66,7 @@ void QkeyBrowserWindow::build() {
   listView1_->setColumnHidden(Hidden, true);
   listView1_->setSortingEnabled(false);
   listView1_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  splitter->setStretchFactor(0, 1);
-  splitter->setStretchFactor(1, 3);
+  splitter->setSizes({300, 880});
   root->addWidget(splitter, 1);
   root->addWidget(new QLabel("Quick keys used twice:", this));
   twice_ = new QListWidget(this);

@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QDragEnterEvent>
+#include <QKeyEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,6 +14,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include "core/keys.h"
@@ -38,6 +40,9 @@ QkeyBucketList::QkeyBucketList(QWidget* parent) : QListWidget(parent) {
   setDropIndicatorShown(true);
   setDragDropMode(QAbstractItemView::DragDrop);
   setDefaultDropAction(Qt::MoveAction);
+  setTextElideMode(Qt::ElideRight);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setToolTip("Drag rows here to give them this key; Delete takes the key away");
 }
 
 QStringList QkeyBucketList::mimeTypes() const { return {kMime}; }
@@ -61,11 +66,25 @@ void QkeyBucketList::dragMoveEvent(QDragMoveEvent* event) {
 // The window rebuilds every list from its layout, so the drag itself removes nothing: the
 // drop is reported as a copy.
 void QkeyBucketList::dropEvent(QDropEvent* event) {
-  if (!event->mimeData()->hasFormat(kMime)) return;
-  const QStringList keys = QString::fromLatin1(event->mimeData()->data(kMime)).split('\n');
+  if (!takeDrop(event->mimeData())) return;
   event->setDropAction(Qt::CopyAction);
   event->accept();
-  emit rowsDropped(keys, bucket);
+}
+
+bool QkeyBucketList::takeDrop(const QMimeData* mime) {
+  if (!mime || !mime->hasFormat(kMime)) return false;
+  emit rowsDropped(QString::fromLatin1(mime->data(kMime)).split('\n'), bucket);
+  return true;
+}
+
+void QkeyBucketList::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Delete || selectedItems().isEmpty()) {
+    QListWidget::keyPressEvent(event);
+    return;
+  }
+  QStringList keys;
+  for (QListWidgetItem* item : selectedItems()) keys << item->data(Qt::UserRole).toString();
+  emit rowsDropped(keys, qkeys::kNoKey);
 }
 
 QkeyViewDialog::QkeyViewDialog(Session& session, Feedback& feedback, QWidget* parent)
@@ -197,11 +216,12 @@ qkeys::Layout& QkeyViewDialog::current() {
 
 void QkeyViewDialog::showSystem(int system) {
   shownSystem_ = system;
-  const bool bySystem = system != 0;
-  systemCombo_->setEnabled(bySystem);
-  if (bySystem && !option2_->isChecked()) option2_->setChecked(true);
-  if (bySystem) systemCombo_->setCurrentIndex(systemCombo_->findData(system));
-  if (!bySystem && !option1_->isChecked()) option1_->setChecked(true);
+  {
+    const QSignalBlocker b1(option1_), b2(option2_), b3(systemCombo_);
+    (system == 0 ? option1_ : option2_)->setChecked(true);
+    if (system != 0) systemCombo_->setCurrentIndex(systemCombo_->findData(system));
+  }
+  systemCombo_->setEnabled(system != 0);
   fill();
 }
 
@@ -215,7 +235,7 @@ void QkeyViewDialog::fill() {
     for (const qkeys::Item* item : qkeys::bucketItems(layout, key)) {
       auto* row = new QListWidgetItem(fromLatin1(item->text), list);
       row->setData(Qt::UserRole, QString::fromStdString(item->key));
-      row->setToolTip(QString::fromStdString(item->key));
+      row->setToolTip(fromLatin1(item->text) + "  (" + QString::fromStdString(item->key) + ")");
     }
   };
   for (int i = 0; i < 10; ++i) {
@@ -292,6 +312,13 @@ bool QkeyViewDialog::printOverview(QPrinter& printer) {
 }
 
 void QkeyViewDialog::done(int result) {
+  // Leaving without Save drops the moves: asked first when there are any.
+  bool pending = qkeys::changed(systems_);
+  for (const auto& [system, layout] : departments_) pending = pending || qkeys::changed(layout);
+  if (result == QDialog::Rejected && pending &&
+      feedback_.askPreferring("QuickKeys", "Close without saving the changed quick keys?",
+                              Buttons::YesNo, Answer::No) != Answer::Yes)
+    return;
   Settings& s = session_.settingsCodec();
   s.put(kSection, "qk_width", std::to_string(width() * kTwipsPerPixel));
   s.put(kSection, "qk_height", std::to_string(height() * kTwipsPerPixel));

@@ -29,6 +29,8 @@ class QkeyBucketList : public QListWidget {
  public:
   explicit QkeyBucketList(QWidget* parent = nullptr);
   int bucket = qkeys::kNoKey;
+  // What a drop does with the dragged rows: reports their keys; false for other data.
+  bool takeDrop(const QMimeData* mime);
 
  signals:
   void rowsDropped(const QStringList& nodeKeys, int bucket);
@@ -39,6 +41,8 @@ class QkeyBucketList : public QListWidget {
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  // Delete takes the key of the selected rows away, as a drop on "No Key Assigned:" does.
+  void keyPressEvent(QKeyEvent* event) override;
 };
 
 class QkeyViewDialog : public QDialog {

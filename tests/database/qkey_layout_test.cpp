@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "core/keys.h"
-#include "core/memory_ports.h"
 #include "core/record_line.h"
 #include "core/tree_operations.h"
 
@@ -133,24 +132,11 @@ TEST(QkeyLayout, NextFreeKeyIsTheFirstNumberNoItemUses) {
   EXPECT_EQ(nextFreeKey(moved), 41);
 }
 
-TEST(QkeyLayout, SystemKeyStatusHelpers) {
+TEST(QkeyLayout, NamesOnASystemKeyAreItsSystemsThenItsSites) {
   Doc d({"7", "7", "None"});
   EXPECT_EQ(namesOnSystemKey(d.doc.data, 7), (std::vector<std::string>{"Sys1", "Sys2"}));
   EXPECT_EQ(namesOnSystemKey(d.doc.data, 12), std::vector<std::string>{"site: North"});
   EXPECT_EQ(namesOnSystemKey(d.doc.data, 8), std::vector<std::string>{"None"});
-
-  std::string flags(kKeyCount, '0');
-  flags[3] = '1';
-  const std::string enabled = autoEnabled(d.doc.data, flags);
-  EXPECT_EQ(enabled.find('1'), 3u);
-  EXPECT_EQ(enabled[7], '1');
-  EXPECT_EQ(std::count(enabled.begin(), enabled.end(), '1'), 2);
-
-  MemorySettingsStore store;
-  Settings settings(store);
-  EXPECT_EQ(loadSystemKeyFlags(settings), std::string(kKeyCount, '1'));
-  saveSystemKeyFlags(settings, enabled);
-  EXPECT_EQ(loadSystemKeyFlags(settings), enabled);
 }
 
 TEST(QkeyLayout, OverviewListsSystemsByKeyWithTheirChildrenAndNoKeyLast) {

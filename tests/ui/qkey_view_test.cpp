@@ -33,16 +33,16 @@ QStringList texts(QListWidget* list) {
   return out;
 }
 
-// Drags the rows of `source` with the given texts onto `target`, as the mouse does: the
-// source's own drag data, dropped on the target's viewport.
-void drag(QListWidget* source, const QStringList& rows, QListWidget* target) {
+// Drags the rows of `source` with the given texts onto `target`: the source's own drag data,
+// taken by the target as its drop handler takes it (the platform delivers no drop without a
+// real drag in progress).
+void drag(QListWidget* source, const QStringList& rows, ui::QkeyBucketList* target) {
   source->clearSelection();
   for (int i = 0; i < source->count(); ++i)
     if (rows.contains(source->item(i)->text())) source->item(i)->setSelected(true);
   std::unique_ptr<QMimeData> mime(
       source->model()->mimeData(source->selectionModel()->selectedIndexes()));
-  QDropEvent drop(QPointF(5, 5), Qt::MoveAction, mime.get(), Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(target->viewport(), &drop);
+  QVERIFY(target->takeDrop(mime.get()));
 }
 
 std::string field(Document& doc, const char* key, int n) {
@@ -77,7 +77,7 @@ class QkeyViewTest : public QObject {
     QVERIFY(f.readCardList());
     ui::QkeyViewDialog view(f.session, f.feedback);
     view.show();
-    QListWidget* one = view.bucketList(1);
+    ui::QkeyBucketList* one = view.bucketList(1);
     const QString trunk = texts(one).value(0);
     QVERIFY(trunk.startsWith("[T] Greater Cleveland"));
     const QString conv = texts(view.bucketList(2)).value(0);
@@ -117,11 +117,17 @@ class QkeyViewTest : public QObject {
       view.showSystem(2);
       QCOMPARE(test::child<QLabel>(&view, "heading")->text(),
                QString("Southwest/South Central Region Departments/Sites"));
-      QListWidget* one = view.bucketList(1);
+      ui::QkeyBucketList* one = view.bucketList(1);
       QCOMPARE(texts(one), QStringList{"[DEP] Fire Departments - North Royalton"});
       drag(one, texts(one), view.bucketList(qkeys::kNoKey));
       screenshot(&view, "qkey_view_departments");
+      f.feedback.answers.push_back(Answer::No);  // stays open
       view.reject();
+      QVERIFY(view.isVisible());
+      view.reject();  // the fallback answer, Yes, lets it go
+      QVERIFY(!view.isVisible());
+      QCOMPARE(f.feedback.questions.back(),
+               std::string("QuickKeys|Close without saving the changed quick keys?"));
     }
     QCOMPARE(field(f.doc(), dept.c_str(), 10), before);
     QVERIFY(!f.doc().changed);
@@ -129,8 +135,11 @@ class QkeyViewTest : public QObject {
     ui::QkeyViewDialog view(f.session, f.feedback);
     view.show();
     view.showSystem(2);
-    drag(view.bucketList(1), texts(view.bucketList(1)), view.bucketList(qkeys::kNoKey));
-    click(&view, "Command1");
+    // The keyboard's way: Delete takes the selected row's key away.
+    view.bucketList(1)->item(0)->setSelected(true);
+    QTest::keyClick(view.bucketList(1), Qt::Key_Delete);
+    QVERIFY(texts(view.bucketList(1)).isEmpty());
+    test::click(&view, "Command1");
     QCOMPARE(view.result(), int(QDialog::Accepted));
     QCOMPARE(field(f.doc(), dept.c_str(), 10), std::string("Off"));
     QCOMPARE(field(f.doc(), "GRP-999-002-001", 10), std::string("2"));
