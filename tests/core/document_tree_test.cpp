@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace zel {
 namespace {
 
@@ -28,29 +30,26 @@ TEST(DocumentTree, WalksFollowTheTree) {
   DocumentTree t = sample();
   NodeId sys1 = t.find("SYS-001"), sys2 = t.find("SYS-002");
   NodeId site = t.find("SIT-001-001"), dept = t.find("GRP-999-001-001");
-  EXPECT_EQ(t.child(sys1), site);
-  EXPECT_EQ(t.next(site), dept);
-  EXPECT_EQ(t.next(dept), kNoNode);
-  EXPECT_EQ(t.parent(dept), sys1);
   EXPECT_EQ(t.children(sys1), 2);
-  EXPECT_EQ(t.firstSibling(dept), site);
-  EXPECT_EQ(t.lastSibling(site), dept);
-  EXPECT_EQ(t.root(dept), sys1);
-  EXPECT_EQ(t.firstSibling(sys2), sys1);
-  EXPECT_EQ(t.lastSibling(sys1), sys2);
-  EXPECT_EQ(t.parent(sys1), kNoNode);
+  // child, next twice, parent, first and last sibling, root, top-level siblings, top parent
+  EXPECT_EQ(
+      (std::vector<NodeId>{t.child(sys1), t.next(site), t.next(dept), t.parent(dept),
+                           t.firstSibling(dept), t.lastSibling(site), t.root(dept),
+                           t.firstSibling(sys2), t.lastSibling(sys1), t.parent(sys1)}),
+      (std::vector<NodeId>{site, dept, kNoNode, sys1, site, dept, sys1, sys1, sys2, kNoNode}));
 }
 
 TEST(DocumentTree, IndexIsPositionInCollectionAndShiftsOnRemove) {
   DocumentTree t = sample();
-  EXPECT_EQ(t.index(t.find("SYS-001")), 1);
-  EXPECT_EQ(t.index(t.find("GRP-999-001-001")), 3);
-  EXPECT_EQ(t.index(t.find("GRP-999-002-001")), 5);
+  const auto index = [&t](const char* key) { return t.index(t.find(key)); };
+  EXPECT_EQ(
+      (std::vector<int>{index("SYS-001"), index("GRP-999-001-001"), index("GRP-999-002-001")}),
+      (std::vector<int>{1, 3, 5}));
   ASSERT_TRUE(t.remove("SYS-001"));  // takes its site and department along
   EXPECT_EQ(t.count(), 2u);
   EXPECT_FALSE(t.contains("SIT-001-001"));
-  EXPECT_EQ(t.index(t.find("SYS-002")), 1);
-  EXPECT_EQ(t.index(t.find("GRP-999-002-001")), 2);
+  EXPECT_EQ((std::vector<int>{index("SYS-002"), index("GRP-999-002-001")}),
+            (std::vector<int>{1, 2}));
   EXPECT_EQ(t.atIndex(2), t.find("GRP-999-002-001"));
   EXPECT_EQ(t.atIndex(3), kNoNode);
   // A node added after removals takes the last position.

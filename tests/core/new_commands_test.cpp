@@ -10,6 +10,13 @@
 namespace zel {
 namespace {
 
+// The given fields of a record line, '|' between.
+std::string fieldsOf(const std::string& line, std::initializer_list<int> fields) {
+  std::string out;
+  for (int f : fields) out += (out.empty() ? "" : "|") + record::field(line, f);
+  return out;
+}
+
 TEST(NewCommands, EveryTrunkTemplateHasItsLabelNameAndTypeWord) {
   struct Case {
     const char* command;
@@ -27,7 +34,8 @@ TEST(NewCommands, EveryTrunkTemplateHasItsLabelNameAndTypeWord) {
       {"New Nxdn Trunk System", "Nxdn", "New Nxdn System", "Nxdn", 10},
       {"New Nxdn One Frequency", "Nxdn One Frequency", "New Nxdn One Frequency System", "Nxdn", 11},
       {"New MotoTRBO Trunk System", "MotoTRBO", "New MotoTRBO System", "MotoTRBO", 8},
-      {"New DMR One Frequency System", "DMR One Frequency", "New DMR One Frequency System", "DMR", 9},
+      {"New DMR One Frequency System", "DMR One Frequency", "New DMR One Frequency System", "DMR",
+       9},
       {"New Rebanded Trunk System", "Motorola", "New System", "Motorola", 1},
   };
   for (const auto& c : cases) {
@@ -36,12 +44,9 @@ TEST(NewCommands, EveryTrunkTemplateHasItsLabelNameAndTypeWord) {
     auto r = newSystem(doc, c.command, fb);
     ASSERT_TRUE(r.ok) << c.command;
     const std::string line = treemod::getText(doc.data, r.key);
-    EXPECT_EQ(record::field(line, 0), "SIN");
-    EXPECT_EQ(record::field(line, 1), c.label) << c.command;
-    EXPECT_EQ(record::field(line, 4), c.name) << c.command;
-    EXPECT_EQ(record::field(line, 7), c.typeWord) << c.command;
-    EXPECT_EQ(record::field(line, 12), "Search");
-    EXPECT_EQ(record::field(line, 21), "On");
+    EXPECT_EQ(fieldsOf(line, {0, 1, 4, 7, 12, 17}),
+              std::string("SIN|") + c.label + "|" + c.name + "|" + c.typeWord + "|Search|Analog")
+        << c.command;
     EXPECT_EQ(record::fieldCount(line), 24) << line;
     EXPECT_EQ(doc.systems.get(1, 10), std::to_string(c.type)) << c.command;
     // The first department comes from the trunked template.
@@ -57,10 +62,7 @@ TEST(NewCommands, ConventionalSystemFields) {
   auto r = newSystem(doc, "New Conventional System", fb);
   ASSERT_TRUE(r.ok);
   const std::string line = treemod::getText(doc.data, r.key);
-  EXPECT_EQ(record::field(line, 7), "Conventional");
-  EXPECT_EQ(record::field(line, 13), "None");
-  EXPECT_EQ(record::field(line, 19), "400");
-  EXPECT_EQ(record::field(line, 23), "000");
+  EXPECT_EQ(fieldsOf(line, {7, 13, 20, 23}), "Conventional|None|400|000");
   EXPECT_EQ(doc.systems.get(1, 10), "0");
   EXPECT_EQ(record::field(treemod::getText(doc.data, keys::department(1, 1)), 1), "C-Group");
   EXPECT_TRUE(doc.changed);

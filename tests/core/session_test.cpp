@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <tuple>
 
 #include "core/keys.h"
 #include "core/memory_ports.h"
@@ -27,7 +28,9 @@ class OrderedStore : public MemorySettingsStore {
 
 class HostLog : public SelectionHost {
  public:
-  void storePane(std::string_view key, std::string_view) override { calls.push_back("store " + std::string(key)); }
+  void storePane(std::string_view key, std::string_view) override {
+    calls.push_back("store " + std::string(key));
+  }
   void storeGrid(std::string_view key) override { calls.push_back("grid> " + std::string(key)); }
   void showPane(std::string_view key, std::string_view kind) override {
     calls.push_back("show " + std::string(kind) + " " + std::string(key));
@@ -51,18 +54,17 @@ TEST_F(SessionFixture, StartMakesFoldersClampsAndReminds) {
   std::filesystem::create_directories(dataFolder() + "/temp");
   std::ofstream(dataFolder() + "/temp/GRP-999-001-001.tmp") << "1,old";
   s.start();
-  EXPECT_EQ(s.settings().comport, 99);
-  EXPECT_EQ(s.settings().baudrate, 57600);
+  EXPECT_EQ(std::tie(s.settings().comport, s.settings().baudrate), std::make_tuple(99, 57600));
   for (const auto& sub : {"temp", "Waterfall", "ServiceSearch", "hpd files"}) {
     EXPECT_TRUE(std::filesystem::is_directory(dataFolder() + "/" + sub)) << sub;
   }
   EXPECT_TRUE(std::filesystem::is_directory(dir.file("My Scanner Recordings")));
   EXPECT_FALSE(std::filesystem::exists(dataFolder() + "/temp/GRP-999-001-001.tmp"));
-  ASSERT_EQ(feedback.messages.size(), 1u);
-  EXPECT_EQ(feedback.messages[0], "Please backup your data and store in a safe place!");
-  EXPECT_EQ(s.settings().option(0), "test");
-  EXPECT_EQ(s.settings().defRange, "1");
-  EXPECT_EQ(s.settings().browserLeft, 3200);
+  EXPECT_EQ(feedback.messages,
+            std::vector<std::string>{"Please backup your data and store in a safe place!"});
+  EXPECT_EQ(
+      std::make_tuple(s.settings().option(0), s.settings().defRange, s.settings().browserLeft),
+      std::make_tuple(std::string("test"), std::string("1"), 3200));
   EXPECT_TRUE(s.document().x36Mode);
   Session patrol(store, feedback, clock, dataFolder(), "ZEL_PATROL");
   patrol.start(false);
@@ -78,8 +80,8 @@ TEST_F(SessionFixture, SelectionSavesWhatIsShownThenShowsTheNew) {
   newSystem(doc, "New Conventional System", feedback);
   HostLog host;
   EXPECT_EQ(s.select("GRP-999-001-001", host), SelectionCase::First);
-  EXPECT_EQ(host.calls, (std::vector<std::string>{"show GROUP GRP-999-001-001",
-                                                  "grid< GRP-999-001-001"}));
+  EXPECT_EQ(host.calls,
+            (std::vector<std::string>{"show GROUP GRP-999-001-001", "grid< GRP-999-001-001"}));
   host.calls.clear();
   EXPECT_EQ(s.select("SIT-001-001", host), SelectionCase::SameSystemSite);
   EXPECT_EQ(host.calls, (std::vector<std::string>{"store GRP-999-001-001", "grid> GRP-999-001-001",
@@ -127,10 +129,8 @@ TEST_F(SessionFixture, ShutdownAsksOnlyWhenChangedAndWritesInOrder) {
   s.settings().comport = 4;
   EXPECT_TRUE(s.shutdown());
   ASSERT_GE(store.order.size(), 10u);
-  EXPECT_EQ(store.order[0], "com/comport");
-  EXPECT_EQ(store.order[1], "com/baudrate");
-  EXPECT_EQ(store.order[2], "/checkupdates");
-  EXPECT_EQ(store.order[3], "/wleft");
+  EXPECT_EQ((std::vector<std::string>{store.order.begin(), store.order.begin() + 4}),
+            (std::vector<std::string>{"com/comport", "com/baudrate", "/checkupdates", "/wleft"}));
   EXPECT_EQ(store.order[8], "gps/def_lat");
   auto pos = [&](const std::string& k) {
     return std::find(store.order.begin(), store.order.end(), k) - store.order.begin();

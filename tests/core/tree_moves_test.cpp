@@ -21,10 +21,10 @@ struct Moves {
   RecordingFeedback feedback;
   Moves() {
     pages.clearAll();
-    newSystem(doc, "New Conventional System", feedback);      // 1, GRP-999-001-001
-    newSystem(doc, "New Conventional System", feedback);      // 2, GRP-999-002-001
-    newSystem(doc, "New P25 Trunk System", feedback);         // 3, GRP-999-003-001
-    newSite(doc, 3, feedback);                                 // SIT-003-001
+    newSystem(doc, "New Conventional System", feedback);  // 1, GRP-999-001-001
+    newSystem(doc, "New Conventional System", feedback);  // 2, GRP-999-002-001
+    newSystem(doc, "New P25 Trunk System", feedback);     // 3, GRP-999-003-001
+    newSite(doc, 3, feedback);                            // SIT-003-001
     doc.data.addChild(doc.data.find("SIT-003-001"), "TFQ-003-001-001", "TFQ,851.012500,1,");
     doc.frequencies.add({}, "TFQ-003-001-001", "TFQ,851.012500,1,");
     pages.save("GRP-999-001-001", {"1,154.280000,Fire", "2,155.000000,EMS"});
@@ -73,8 +73,7 @@ TEST(TreeMoves, MovingASystemToAListOnlyChangesItsFile) {
   const std::string before = m.doc.data.text(m.doc.data.find("SYS-001"));
   ASSERT_TRUE(treemod::moveSystemToList(m.doc, "SYS-001", 3, m.feedback).ok);
   const std::string after = m.doc.data.text(m.doc.data.find("SYS-001"));
-  EXPECT_EQ(record::field(after, 23), "003");
-  for (int f = 0; f < 23; ++f) EXPECT_EQ(record::field(after, f), record::field(before, f)) << f;
+  EXPECT_EQ(after, before.substr(0, before.rfind(',') + 1) + "003");
   EXPECT_FALSE(treemod::moveSystemToList(m.doc, "GRP-999-001-001", 3, m.feedback).ok);
 }
 
@@ -100,7 +99,8 @@ TEST(TreeMoves, ADepartmentRefusesASystemOfTheOtherKindAndNothingChanges) {
   const std::size_t nodes = m.doc.data.count();
   auto r = treemod::moveDepartment(m.doc, m.pages, "GRP-999-001-001", 3, m.feedback);
   EXPECT_FALSE(r.ok);
-  EXPECT_EQ(m.feedback.messages.back(), "A department moves only between systems of the same kind.");
+  EXPECT_EQ(m.feedback.messages.back(),
+            "A department moves only between systems of the same kind.");
   EXPECT_EQ(m.doc.data.count(), nodes);
   EXPECT_EQ(m.pages.load("GRP-999-001-001").size(), 2u);
   EXPECT_FALSE(m.doc.changed);
