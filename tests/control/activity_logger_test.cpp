@@ -298,8 +298,8 @@ TEST(ActivityLogger, ThePageIsKeptInTheIniFileAndReadBackAtLoad) {
   }
   LoggerRig again(Family::Bcd, folder.path());
   again.vc->load();
-  EXPECT_EQ(again.vc->logger.page.cell(1, 3) + again.vc->logger.page.cell(1, 13),
-            "Dispatch2026-01-01");
+  EXPECT_EQ(again.vc->logger.page.cell(1, 3) + "|" + again.vc->logger.page.cell(1, 13),
+            "Dispatch|2026-01-01");
   LoggerRig sds(Family::Sds, folder.path());
   sds.vc->load();  // the SDS window keeps its own page
   EXPECT_TRUE(sds.vc->logger.page.rowEmpty(1));
@@ -408,9 +408,11 @@ TEST(SiteAnalysis, NeedsATrunkSiteThenCapturesReportsUntilStopped) {
 
 TEST(SiteAnalysis, ReportCommands) {
   EXPECT_EQ(
-      siteReportCommand(SiteReport::CurrentActivity) + siteReportCommand(SiteReport::LcnMonitor) +
-          siteReportCommand(SiteReport::ActivityLog) + siteReportCommand(SiteReport::Bandscope),
-      "AST,CURRENT_ACTIVITY,AST,LCN_MONITOR,AST,ACTIVITY_LOG,AST,BAND_SCOPE,1440000,2000,500,FM");
+      (Lines{siteReportCommand(SiteReport::CurrentActivity),
+             siteReportCommand(SiteReport::LcnMonitor), siteReportCommand(SiteReport::ActivityLog),
+             siteReportCommand(SiteReport::Bandscope)}),
+      (Lines{"AST,CURRENT_ACTIVITY,", "AST,LCN_MONITOR,", "AST,ACTIVITY_LOG,",
+             "AST,BAND_SCOPE,1440000,2000,500,FM"}));
   EXPECT_EQ(cleanSiteCapture("<CurrentActivity No=\"32\" />x<CurrentActivity No=\"33\" />"),
             "x<CurrentActivity No=\"33\" />");
 }
@@ -450,9 +452,9 @@ TEST(VcOptions, DefaultsKeysAndWidthClamps) {
   o.resumeAfterIndex = 4;
   o.columnWidths[2] = 5;
   saveOptions(s, Family::Sds, o);
-  EXPECT_EQ(s.getPlain("vc_sds", "VC_options11", "") + s.getPlain("vc_sds", "VC_options13", "") +
-                s.getPlain("vc_sds", "wvc_sds3", ""),
-            "TrueFalse5");
+  EXPECT_EQ((Lines{s.getPlain("vc_sds", "VC_options11", ""),
+                   s.getPlain("vc_sds", "VC_options13", ""), s.getPlain("vc_sds", "wvc_sds3", "")}),
+            (Lines{"True", "False", "5"}));
   VcOptions back = loadOptions(s, Family::Sds, "/data");  // a width under 10 is made 1000
   EXPECT_EQ(back.action, LogAction::Resume);
   EXPECT_EQ(std::make_tuple(back.logToFile, back.resumeAfterIndex, back.columnWidths[2]),

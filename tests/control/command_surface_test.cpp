@@ -41,8 +41,8 @@ TEST(KeyTable, EveryNameSendsItsCommandInEachFamily) {
 }
 
 TEST(KeyTable, OnAListScreenTheKnobTurnsTheOtherWay) {
-  EXPECT_EQ(keyCommand(Family::Bcd, "t", true) + keyCommand(Family::Bcd, "u", true),
-            "KEY,<,PKEY,>,P");
+  EXPECT_EQ(keyCommand(Family::Bcd, "t", true) + "|" + keyCommand(Family::Bcd, "u", true),
+            "KEY,<,P|KEY,>,P");
   VcRig rig(Family::Bcd);
   rig.connect();
   rig.vc->status.listScreen = 1;

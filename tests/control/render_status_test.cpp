@@ -75,7 +75,8 @@ TEST(RenderStatus, RuleLinesAreExactly24Or30Or36Asterisks) {
   rig.sts(stsReply("0000100", {std::string(30, '*'), std::string(29, '*'), std::string(24, '*'),
                                std::string(36, '*'), std::string(29, '*') + " "}));
   const auto& r = rig.vc->status.lineIsRule;
-  EXPECT_EQ(r[2] + r[4] + r[6] + r[8] + r[10] + r[3], "101100");
+  EXPECT_EQ((std::vector<std::string>{r[2], r[4], r[6], r[8], r[10], r[3]}),
+            (std::vector<std::string>{"1", "0", "1", "1", "0", "0"}));
 }
 
 TEST(RenderStatus, AFoundCloseCallIsAcceptedOncePerScreen) {

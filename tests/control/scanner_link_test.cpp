@@ -125,7 +125,7 @@ TEST(ScannerLinkConnect, TheRestoreOfTheSavedPortDuringTheWaitDoesNotChangeThePo
   vc.link.selectPortName("COM7");
   vc.link.connect();  // waits from 200 to 700 ms; the restore runs meanwhile
   EXPECT_FALSE(vc.timers.enabled(Timer9));
-  EXPECT_EQ(vc.link.entries()[vc.link.selectedIndex()].portName + port.lastPort, "COM7COM7");
+  EXPECT_EQ(vc.link.entries()[vc.link.selectedIndex()].portName + "|" + port.lastPort, "COM7|COM7");
   EXPECT_TRUE(port.isOpen());
 }
 

@@ -43,7 +43,7 @@ TEST(ShortReplies, ValuesAreTakenAsSoonAsTheirWordArrived) {
   EXPECT_EQ(st.signalValue, "6");
   d.parseVolume("VOL,7\r");
   d.parseSquelch("SQL,3\r");
-  EXPECT_EQ(st.volume + st.squelch, "73");
+  EXPECT_EQ(st.volume + "|" + st.squelch, "7|3");
   // The model is eight characters from behind the comma.
   d.parseModel("MDL,UBCD3600XLT\r");
   EXPECT_EQ(st.model, "UBCD3600");

@@ -345,7 +345,7 @@ TEST(SweepStream, ForcedSquelchCountsLevelsAtOrAboveTheThreshold) {
   rig.stream(csc(kLow + 250, 24, 0) + csc(kLow + 375, 25, 0) + csc(kLow + 500, 60, 0));
   EXPECT_EQ(rig.engine.totalHits, 2);
   ASSERT_EQ(rig.engine.stats.size(), 2u);
-  EXPECT_EQ(rig.engine.stats[0].key + rig.engine.stats[1].key, "A3A4");
+  EXPECT_EQ(rig.engine.stats[0].key + "|" + rig.engine.stats[1].key, "A3|A4");
   // The trace still shows the closed squelch filter.
   EXPECT_DOUBLE_EQ(rig.engine.traces.rows[2][3], 25);
 }
