@@ -69,6 +69,9 @@ class GridView : public QTableView {
   void fillDownSelection();
   void copyAlpha();
   void alignText(int mode);  // 0 left, 1 centre, 2 right
+  // "Convert AFS" (true) and "Convert Decimal" (false) over the page's talkgroups; the
+  // popup offers them on a page with a "Talkgroup" column. Returns the cells changed.
+  int convertTalkgroupForms(bool toAfs);
 
   // Undo and Redo of cell edits and row commands on the page on show; showing another
   // page empties the history. False when there was nothing to undo or redo.

@@ -252,6 +252,10 @@ QMenu* GridView::buildMenu() {
   menu->addSeparator();
   add(menu, "Fill Down", QKeySequence(Qt::CTRL | Qt::Key_D), [this] { fillDownSelection(); });
   add(menu, "Copy Alpha", QKeySequence(), [this] { copyAlpha(); });
+  if (page_ && page_->findColumn("Talkgroup") > 0) {
+    add(menu, "Convert AFS", QKeySequence(), [this] { convertTalkgroupForms(true); });
+    add(menu, "Convert Decimal", QKeySequence(), [this] { convertTalkgroupForms(false); });
+  }
   QMenu* align = menu->addMenu("Align Text");
   align->setEnabled(page_ != nullptr);
   add(align, "Left", QKeySequence(), [this] { alignText(0); });

@@ -9,6 +9,8 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QContextMenuEvent>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -69,6 +71,43 @@ class GridViewTest : public QObject {
   Q_OBJECT
 
  private slots:
+  // The popup of a talkgroup page offers both form conversions, and each rewrites the
+  // talkgroups it applies to; a channel page offers neither.
+  void talkgroupPopupConvertsBetweenDecimalAndAfs() {
+    auto popupAction = [](ui::GridView& view, const QString& caption) -> QAction* {
+      QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(20, 40), view.mapToGlobal(QPoint(20, 40)));
+      QApplication::sendEvent(view.viewport(), &event);
+      QAction* found = nullptr;
+      for (QWidget* w : QApplication::topLevelWidgets()) {
+        auto* menu = qobject_cast<QMenu*>(w);
+        if (!menu || !menu->isVisible()) continue;
+        for (QAction* a : menu->actions()) {
+          if (a->text() == caption) found = a;
+        }
+        menu->hide();
+      }
+      return found;
+    };
+    Grid channels;
+    QVERIFY(!popupAction(channels.view, "Convert AFS"));
+    Grid g(true);
+    const struct {
+      const char* typed;
+      const char* afs;
+      const char* decimal;
+    } rows[] = {{"699", "05-073", "0699"}, {"2047", "15-157", "2047"}, {"i123", "i123", "i123"}};
+    for (int r = 0; r < 3; ++r) g.set(r + 1, "Talkgroup", rows[r].typed);
+    QAction* toAfs = popupAction(g.view, "Convert AFS");
+    QVERIFY(toAfs);
+    toAfs->trigger();
+    for (int r = 0; r < 3; ++r) QCOMPARE(g.cell(r + 1, "Talkgroup"), std::string(rows[r].afs));
+    QVERIFY(g.changed);
+    QAction* toDecimal = popupAction(g.view, "Convert Decimal");
+    QVERIFY(toDecimal);
+    toDecimal->trigger();
+    for (int r = 0; r < 3; ++r) QCOMPARE(g.cell(r + 1, "Talkgroup"), std::string(rows[r].decimal));
+  }
+
   void typedFrequencyIsCommittedByReturnIntoANewRow() {
     Grid g;
     g.view.setDefaultData({{"Mode", "NFM"}, {"Avoid", "Off"}});
