@@ -1,4 +1,5 @@
-// Fuzzing the favorites file reader and, on what it reads, the writer. The first byte of an
+// Fuzzing the favorites file reader and, on what it reads, the writer and the comparison of
+// the file with what a save writes. The first byte of an
 // input picks the mode and whether the text gets a header, so that the fuzzer spends its time
 // past the header check as well as on it.
 #include <cstddef>
@@ -10,6 +11,7 @@
 #include "core/document.h"
 #include "core/memory_ports.h"
 #include "formats/hpd_reader.h"
+#include "formats/hpd_save_diff.h"
 #include "formats/hpd_writer.h"
 #include "formats/row_store.h"
 
@@ -44,6 +46,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HpdReadResult reread = readHpdText(again, againRows, text, "", options, feedback);
     if (!reread.ok()) std::abort();
     if (options.loadFlags == 0 && !reread.skipped.empty()) std::abort();
+    // The check's comparison pairs every line: what is not paired was dropped or added.
+    const SaveDiff diff = diffSave(content, text);
+    int balance = diff.linesBefore;
+    for (const LineChange& l : diff.lines) balance += l.added ? l.count : -l.count;
+    if (balance != diff.linesAfter || !diffSave(text, text).empty()) std::abort();
   }
   return 0;
 }
