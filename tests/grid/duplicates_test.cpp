@@ -8,6 +8,7 @@
 #include "core/page_files.h"
 #include "grid/duplicates_removal.h"
 #include "grid/find_replace.h"
+#include "grid_test_support.h"
 #include "test_folder.h"
 
 namespace zel::dups {
@@ -37,11 +38,9 @@ TEST(PairwiseSearch, ThreeEqualGiveOneOriginAndTwoDups) {
   EXPECT_EQ(dataOf(found), (std::vector<std::string>{"ORG:154.100000|FRQ-001-000-0001",
                                                      "DUP:154.1|FRQ-001-001-0003",
                                                      "DUP:154.10|FRQ-001-002-0004"}));
-  EXPECT_EQ(found[0].number, "1");
-  EXPECT_EQ(found[0].listKey, "A*1");
-  EXPECT_EQ(found[0].alphaTag, "t");
-  EXPECT_EQ(found[0].subtone, "NFM");
-  EXPECT_EQ(found[2].channel, "0004");
+  EXPECT_EQ(std::tie(found[0].number, found[0].listKey, found[0].alphaTag, found[0].subtone,
+                     found[2].channel),
+            std::make_tuple("1", "A*1", "t", "NFM", "0004"));
 }
 
 TEST(PairwiseSearch, CompareIsNumericAndBoundToTheSystem) {
@@ -86,9 +85,8 @@ TEST(SortedSearch, TalkgroupsAreTextAndNamesAreLookedUp) {
                    [](int s, int d) { return "Dept" + std::to_string(s) + std::to_string(d); }};
   auto found = sortedSearch(rows, "TID-", names);
   ASSERT_EQ(found.size(), 2u);
-  EXPECT_EQ(found[1].data, "DUP: 1234");
-  EXPECT_EQ(found[1].system, "Sys2");
-  EXPECT_EQ(found[1].department, "Dept23");
+  EXPECT_EQ(std::tie(found[1].data, found[1].system, found[1].department),
+            std::make_tuple("DUP: 1234", "Sys2", "Dept23"));
 }
 
 TEST(SelectDups, DeletingTheSelectionLeavesOneRowOfEachGroup) {
@@ -97,10 +95,9 @@ TEST(SelectDups, DeletingTheSelectionLeavesOneRowOfEachGroup) {
   // Department 1 of system 1 in a page file, department 2 open in a grid.
   pages.save("GRP-999-001-001", {"1,154.100000,a", "2,154.100000,b", "3,460.000000,c"});
   GridPage grid(4, 3);
-  grid.setTextMatrix(0, 1, "Frequency");
-  grid.setTextMatrix(1, 1, "154.100000");
-  grid.setTextMatrix(2, 1, "460.000000");
-  grid.setTextMatrix(3, 1, "851.000000");
+  test::fill(
+      grid,
+      {{0, 1, "Frequency"}, {1, 1, "154.100000"}, {2, 1, "460.000000"}, {3, 1, "851.000000"}});
   std::vector<KeyedRow> rows = {frq(1, 1, 1, "154.100000"), frq(1, 1, 2, "154.100000"),
                                 frq(1, 1, 3, "460.000000"), frq(1, 2, 1, "154.100000"),
                                 frq(1, 2, 2, "460.000000"), frq(1, 2, 3, "851.000000")};
@@ -111,15 +108,15 @@ TEST(SelectDups, DeletingTheSelectionLeavesOneRowOfEachGroup) {
   RecordingFeedback feedback;
   feedback.answers.push_back(Answer::No);
   EXPECT_EQ(deleteSelected(found, pages, {"GRP-999-001-002", &grid}, feedback), 0);
-  ASSERT_EQ(feedback.questions.size(), 1u);
-  EXPECT_EQ(feedback.questions[0],
-            "Warning|Are you sure you want to delete this data?\nWarning: data will be lost!");
+  EXPECT_EQ(feedback.questions,
+            std::vector<std::string>{"Warning|Are you sure you want to delete "
+                                     "this data?\nWarning: data will be lost!"});
 
   EXPECT_EQ(deleteSelected(found, pages, {"GRP-999-001-002", &grid}, feedback), 3);
   EXPECT_EQ(pages.load("GRP-999-001-001"),
             (std::vector<std::string>{"1,154.100000,a", "2,460.000000,c"}));
-  EXPECT_EQ(grid.rows(), 2);
-  EXPECT_EQ(grid.textMatrix(1, 1), "851.000000");
+  EXPECT_EQ(std::make_pair(grid.rows(), grid.textMatrix(1, 1)),
+            std::make_pair(2, std::string("851.000000")));
   EXPECT_EQ(found.size(), 2u);  // the origins stay listed
 
   selectAll(found, false);
@@ -137,60 +134,52 @@ TEST(Unlock, ScopesReachTheirRows) {
   data.add("", "SYS-002", "SIN,Motorola,2,StateId=0,Sys,1");
 
   EXPECT_EQ(unlock(UnlockScope::Talkgroups, 0, data, pages, {}), 1);
-  EXPECT_EQ(pages.load("GRP-999-002-000")[0], "1,1234,tg,Off,All");
-  EXPECT_EQ(pages.load("GRP-999-001-000")[0], "1,154.100000,a,On,NFM");
-  EXPECT_EQ(data.text(data.find("SYS-001")), "SIN,Conventional,1,StateId=0,Sys,1");
+  const auto state = [&] {
+    return pages.load("GRP-999-001-000")[0] + "|" + pages.load("GRP-999-002-000")[0] + "|" +
+           data.text(data.find("SYS-001")) + "|" + data.text(data.find("SYS-002"));
+  };
+  EXPECT_EQ(state(),
+            "1,154.100000,a,On,NFM|1,1234,tg,Off,All|SIN,Conventional,1,StateId=0,Sys,1|"
+            "SIN,Motorola,2,StateId=0,Sys,1");
 
   EXPECT_EQ(unlock(UnlockScope::ActiveSystem, 1, data, pages, {}), 2);
-  EXPECT_EQ(pages.load("GRP-999-001-000")[0], "1,154.100000,a,Off,NFM");
-  EXPECT_EQ(data.text(data.find("SYS-001")), "SIN,Conventional,1,StateId=0,Sys,0");
-  EXPECT_EQ(data.text(data.find("SYS-002")), "SIN,Motorola,2,StateId=0,Sys,1");
+  EXPECT_EQ(state(),
+            "1,154.100000,a,Off,NFM|1,1234,tg,Off,All|SIN,Conventional,1,StateId=0,Sys,0|"
+            "SIN,Motorola,2,StateId=0,Sys,1");
 }
 
 TEST(ReviewLockOut, ListsNothingInGridsHeadedAvoid) {
-  GridPage avoid(2, 3);
-  avoid.setTextMatrix(0, 1, "Frequency");
-  avoid.setTextMatrix(0, 2, "Avoid");
-  avoid.setTextMatrix(1, 2, "On");
-  GridPage lockout(3, 4);
-  lockout.setTextMatrix(0, 1, "Frequency");
-  lockout.setTextMatrix(0, 2, "LockOut");
-  lockout.setTextMatrix(0, 3, "Alpha Tag");
-  lockout.setTextMatrix(1, 1, "154.000000");
-  lockout.setTextMatrix(1, 2, "On");
-  lockout.setTextMatrix(1, 3, "Fire");
-  lockout.setTextMatrix(2, 2, "Off");
+  GridPage avoid(2, 3), lockout(3, 4);
+  test::fill(avoid, {{0, 1, "Frequency"}, {0, 2, "Avoid"}, {1, 2, "On"}});
+  test::fill(lockout, {{0, 1, "Frequency"}, {0, 2, "LockOut"}, {0, 3, "Alpha Tag"}});
+  test::fill(lockout, {{1, 1, "154.000000"}, {1, 2, "On"}, {1, 3, "Fire"}, {2, 2, "Off"}});
   std::vector<ReviewPage> review = {{"S / D", "GRP-999-001-000", false, &avoid},
                                     {"S / E", "GRP-999-001-001", false, &lockout}};
   auto rows = reviewLockOut(review);
   ASSERT_EQ(rows.size(), 1u);
-  EXPECT_EQ(rows[0].text, "S / E / 154.000000 /  / Fire");
-  EXPECT_EQ(rows[0].key, "cGRP-999-001-001-*");
+  EXPECT_EQ(rows[0].text + "|" + rows[0].key, "S / E / 154.000000 /  / Fire|cGRP-999-001-001-*");
   EXPECT_EQ(clearLockOut(review), 1);
-  EXPECT_EQ(lockout.textMatrix(1, 2), "Off");
-  EXPECT_EQ(avoid.textMatrix(1, 2), "On");
+  EXPECT_EQ(lockout.textMatrix(1, 2) + "|" + avoid.textMatrix(1, 2), "Off|On");
 }
 
 TEST(FindReplace, FindsAnywhereInUpperCaseAndSelectsTheLast) {
   GridPage g(5, 3);
-  g.setTextMatrix(0, 1, "Frequency");
-  g.setTextMatrix(0, 2, "Alpha Tag");
-  g.setTextMatrix(1, 2, " fire disp ");
-  g.setTextMatrix(2, 2, "Law");
-  g.setTextMatrix(3, 2, "FIRE TAC");
-  g.setTextMatrix(1, 1, "154.100000");
+  test::fill(g, {{0, 1, "Frequency"},
+                 {0, 2, "Alpha Tag"},
+                 {1, 2, " fire disp "},
+                 {2, 2, "Law"},
+                 {3, 2, "FIRE TAC"},
+                 {1, 1, "154.100000"}});
   auto found = findInGrid(g, "alpha tag", "Fire");
   EXPECT_EQ(found.rows, (std::vector<int>{1, 3}));
-  EXPECT_EQ(g.row(), 3);
-  EXPECT_EQ(g.col(), 2);
+  EXPECT_EQ(std::make_pair(g.row(), g.col()), std::make_pair(3, 2));
   EXPECT_EQ(findInGrid(g, "", "154.1").rows, (std::vector<int>{1}));  // "Frequency"
   EXPECT_TRUE(findInGrid(g, "Mode", "x").rows.empty());
 
   GridPage other = g;
   EXPECT_EQ(replaceInPages({&g, &other}, "Alpha Tag", "fire", "EMS"), 4);
-  EXPECT_EQ(g.textMatrix(1, 2), "EMS disp");
-  EXPECT_EQ(other.textMatrix(3, 2), "EMS TAC");
-  EXPECT_EQ(g.textMatrix(2, 2), "Law");
+  EXPECT_EQ(test::cells(g, {{1, 2}, {2, 2}}) + "|" + other.textMatrix(3, 2),
+            "EMS disp|Law|EMS TAC");
 }
 
 }  // namespace

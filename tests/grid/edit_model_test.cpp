@@ -5,9 +5,13 @@
 #include <gtest/gtest.h>
 
 #include "core/memory_ports.h"
+#include "grid/vocabulary.h"
+#include "grid_test_support.h"
 
 namespace zel {
 namespace {
+
+using test::cells;
 
 class EditModelTest : public ::testing::Test {
  protected:
@@ -31,14 +35,12 @@ class EditModelTest : public ::testing::Test {
 TEST_F(EditModelTest, TypingOpensTheBoxAndShowsTheRunningForm) {
   type("154.1");
   EXPECT_TRUE(model.editing());
-  EXPECT_EQ(model.editText(), "154.1");
-  EXPECT_EQ(grid.textMatrix(1, 1), "154.100000");
-  EXPECT_EQ(model.statusText(), "5");
+  EXPECT_EQ(model.editText() + "|" + grid.textMatrix(1, 1) + "|" + model.statusText(),
+            "154.1|154.100000|5");
   model.key(KeyEvent::of(EditKey::Return));
   EXPECT_FALSE(model.editing());
-  EXPECT_EQ(model.editText(), "");
+  EXPECT_EQ(model.editText() + "|" + grid.textMatrix(1, 1), "|154.100000");
   EXPECT_EQ(grid.row(), 2);
-  EXPECT_EQ(grid.textMatrix(1, 1), "154.100000");
   EXPECT_TRUE(changed);
 }
 
@@ -56,8 +58,7 @@ TEST_F(EditModelTest, TabCommitsAndMovesRight) {
   type("88.5");
   model.key(KeyEvent::of(EditKey::Tab));
   EXPECT_EQ(grid.textMatrix(1, 1), "088.500000");
-  EXPECT_EQ(grid.row(), 1);
-  EXPECT_EQ(grid.col(), 2);
+  EXPECT_EQ(std::make_pair(grid.row(), grid.col()), std::make_pair(1, 2));
 }
 
 TEST_F(EditModelTest, EscapeRestoresTheCell) {
@@ -150,7 +151,6 @@ TEST_F(EditModelTest, ShortcutTable) {
 TEST_F(EditModelTest, ShortcutKeysOnListColumnsWriteTheCell) {
   grid.setCol(4);
   EXPECT_TRUE(model.key(KeyEvent::character('n')));
-  EXPECT_EQ(grid.textMatrix(1, 4), "NFM");
   EXPECT_FALSE(model.key(KeyEvent::character('q')));
   EXPECT_EQ(grid.textMatrix(1, 4), "NFM");
   EXPECT_FALSE(model.editing());
@@ -163,9 +163,9 @@ TEST_F(EditModelTest, ShortcutKeysOnListColumnsWriteTheCell) {
 TEST_F(EditModelTest, SpaceTogglesOnOff) {
   grid.setCol(3);
   EXPECT_TRUE(model.key(KeyEvent::of(EditKey::Space)));
-  EXPECT_EQ(grid.textMatrix(1, 3), "On");
+  const std::string first = grid.textMatrix(1, 3);
   model.key(KeyEvent::of(EditKey::Space));
-  EXPECT_EQ(grid.textMatrix(1, 3), "Off");
+  EXPECT_EQ(first + "|" + grid.textMatrix(1, 3), "On|Off");
   grid.setCol(4);
   EXPECT_FALSE(model.key(KeyEvent::of(EditKey::Space)));
 }
@@ -176,13 +176,11 @@ TEST_F(EditModelTest, F2OpensTheAidThatFitsTheListAndAPickStoresTheWord) {
   grid.setCol(4);  // six modes
   EditAidState modes = model.openEditAid();
   EXPECT_EQ(modes.aid, EditAid::OptionBar);
-  ASSERT_EQ(modes.items.size(), 6u);
-  EXPECT_EQ(modes.items[0], "AUTO");
+  EXPECT_EQ(modes.items, vocab::tabel("Mode"));
   grid.setCol(6);  // SQ Code follows SQ Mode
   grid.setTextMatrix(1, 5, "DCS");
   EditAidState dcs = model.openEditAid();
-  EXPECT_EQ(dcs.aid, EditAid::DropList);
-  EXPECT_EQ(dcs.items.size(), 105u);
+  EXPECT_EQ(std::make_pair(dcs.aid, dcs.items.size()), std::make_pair(EditAid::DropList, 105ul));
   grid.setTextMatrix(1, 5, "DMR");
   EXPECT_EQ(model.openEditAid().items.size(), 17u);
   grid.setCol(7);  // ten delays: still an option bar
@@ -193,8 +191,8 @@ TEST_F(EditModelTest, F2OpensTheAidThatFitsTheListAndAPickStoresTheWord) {
   grid.setCol(4);
   model.openEditAid();
   model.pick("WFM");
-  EXPECT_EQ(grid.textMatrix(1, 4), "WFM");
-  EXPECT_EQ(model.aid().aid, EditAid::None);
+  EXPECT_EQ(std::make_pair(grid.textMatrix(1, 4), model.aid().aid),
+            std::make_pair(std::string("WFM"), EditAid::None));
 }
 
 TEST_F(EditModelTest, DefaultDataFillsANewRowOnceItsKeyIsFilled) {
@@ -202,9 +200,7 @@ TEST_F(EditModelTest, DefaultDataFillsANewRowOnceItsKeyIsFilled) {
   grid.setRow(2);
   grid.setTextMatrix(2, 4, "FM");  // a value already there is kept
   type("1");
-  EXPECT_EQ(grid.textMatrix(2, 3), "Off");
-  EXPECT_EQ(grid.textMatrix(2, 4), "FM");
-  EXPECT_EQ(grid.textMatrix(2, 7), "2");
+  EXPECT_EQ(cells(grid, {{2, 3}, {2, 4}, {2, 7}}), "Off|FM|2");
   model.key(KeyEvent::of(EditKey::Return));
   EXPECT_EQ(grid.textMatrix(2, 1), "025.000000");
   // A row that already had its key takes nothing.
@@ -226,9 +222,10 @@ TEST_F(EditModelTest, StatusHelpTexts) {
   EXPECT_EQ(model.statusText(),
             "Select ON or OFF. You can use shortcuts 0 or F = OFF, 1 or N = ON. Use double click "
             "or space bar to toggle data ON/OFF.");
-  EXPECT_EQ(EditModel::helpText("NumberTag"), "Enter number tag 0-999 (optional)");
-  EXPECT_EQ(EditModel::helpText("Car#"), "Enter car number (1-999)");
-  EXPECT_EQ(EditModel::helpText("Step"), "Select step. Use F2 or double click to edit.");
+  EXPECT_EQ(EditModel::helpText("NumberTag") + "|" + EditModel::helpText("Car#") + "|" +
+                EditModel::helpText("Step"),
+            "Enter number tag 0-999 (optional)|Enter car number (1-999)|Select step. Use F2 or "
+            "double click to edit.");
 }
 
 }  // namespace
