@@ -211,6 +211,8 @@ bool DbImportWindow::findDatabase() {
                             ? database::DbFamily::HomePatrol
                             : database::DbFamily::Bcd;
     location_ = database::locateInFolder(folderText, family);
+    // A card's root (or a copy of one) chosen as the folder is accepted too.
+    if (!location_) location_ = database::locateOnCard(folderText);
   } else {
     // A later root wins, as in the card detection.
     for (const transfer::DriveRoot& root : roots_.roots()) {
