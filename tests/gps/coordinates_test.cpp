@@ -4,8 +4,10 @@
 
 #include <cmath>
 #include <string>
+#include <vector>
 
 #include "core/decimal_mark.h"
+#include "core/text.h"
 
 namespace zel::gps {
 namespace {
@@ -20,106 +22,53 @@ INSTANTIATE_TEST_SUITE_P(Marks, BothMarks,
                            return std::string(info.param.isComma() ? "Comma" : "Point");
                          });
 
-struct ClampCase {
-  const char* text;
-  const char* latitude;
-  const char* longitude;
-};
+// Each table holds cases split by ';', the fields of a case by '|'.
+std::vector<std::vector<std::string>> cases(const std::string& table) {
+  std::vector<std::vector<std::string>> out;
+  for (const std::string& c : split(table, ';')) out.push_back(split(c, '|'));
+  return out;
+}
 
+// text|latitude|longitude. An empty position stays empty, it is not set to "0".
 TEST_P(BothMarks, ClampsKeepTextInsideTheRangeAndStopAtTheEdges) {
-  const ClampCase cases[] = {
-      {"90.0001", "90", "90.0001"},
-      {"-90.5", "-90", "-90.5"},
-      {"90", "90", "90"},
-      {"-180.5", "-90", "-180"},
-      {"180.0001", "90", "180"},
-      {"181", "90", "180"},
-      {"45.123456", "45.123456", "45.123456"},
-      {"-0.000001", "-0.000001", "-0.000001"},
-      {"", "", ""},  // an empty position stays empty, it is not set to "0"
-      {"north", "north", "north"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(ClampLatitude(c.text, GetParam()), c.latitude) << c.text;
-    EXPECT_EQ(ClampLongitude(c.text, GetParam()), c.longitude) << c.text;
+  for (const auto& c : cases("90.0001|90|90.0001;-90.5|-90|-90.5;90|90|90;-180.5|-90|-180;"
+                             "180.0001|90|180;181|90|180;45.123456|45.123456|45.123456;"
+                             "-0.000001|-0.000001|-0.000001;||;north|north|north")) {
+    EXPECT_EQ(ClampLatitude(c[0], GetParam()), c[1]) << c[0];
+    EXPECT_EQ(ClampLongitude(c[0], GetParam()), c[2]) << c[0];
   }
 }
 
-struct DmsCase {
-  const char* number;
-  const char* degrees;
-};
-
+// number|degrees. Zero is "0", not "0.000000"; up to two digits are seconds, the next two
+// minutes, the rest degrees; a fraction belongs to the seconds, seconds above 59 are taken as
+// they are, the sign is kept and 180 degrees is the cap.
 TEST_P(BothMarks, DmsToDegreesSplitsTheDigitsByLength) {
-  const DmsCase cases[] = {
-      {"0", "0"},  // zero is "0", not "0.000000"
-      {"", "0"},
-      {"-0", "0"},
-      {"5", "0.001389"},             // seconds only
-      {"45", "0.012500"},            // two digits: still seconds
-      {"130", "0.025000"},           // one minute digit
-      {"1234", "0.209444"},          // two minute digits
-      {"12345", "1.395833"},         // one degree digit
-      {"401234.56", "40.209600"},    // fraction belongs to the seconds
-      {"-401234.56", "-40.209600"},  // sign kept
-      {"1234567", "123.768611"},     // seconds above 59 are taken as they are
-      {"1800000", "180.000000"},
-      {"1900000", "180.000000"},  // capped at 180 degrees
-      {"-99999999", "-180.000000"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(DmsToDegrees(c.number, GetParam()), c.degrees) << c.number;
+  for (const auto& c : cases("0|0;|0;-0|0;5|0.001389;45|0.012500;130|0.025000;1234|0.209444;"
+                             "12345|1.395833;401234.56|40.209600;-401234.56|-40.209600;"
+                             "1234567|123.768611;1800000|180.000000;1900000|180.000000;"
+                             "-99999999|-180.000000"))
+    EXPECT_EQ(DmsToDegrees(c[0], GetParam()), c[1]) << c[0];
 }
 
-struct PackedCase {
-  const char* packed;
-  bool isLongitude;
-  const char* degrees;
-};
-
+// packed|1 for a longitude|degrees. W means west only for a longitude, S south only for a
+// latitude; of 11 characters a latitude takes the first 8, a longitude 9; no suffix is north.
 TEST_P(BothMarks, PackedTextBecomesSignedDegrees) {
-  const PackedCase cases[] = {
-      {"40123456N", false, "40.209600"},   {"40123456S", false, "-40.209600"},
-      {"40123456W", false, "40.209600"},  // W means west only for a longitude
-      {"074003012W", true, "-74.008367"},  {"074003012E", true, "74.008367"},
-      {"074003012S", true, "74.008367"},    // S means south only for a latitude
-      {"40123456999", false, "40.209600"},  // 11 characters: the first 8 count
-      {"0740030129W", true, "-74.008367"},  // longitudes keep 9
-      {"00000000N", false, "0"},           {"40123456", false, "40.209600"},  // no suffix: north
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(PackedToDegrees(c.packed, c.isLongitude, GetParam()), c.degrees) << c.packed;
-  }
+  for (const auto& c : cases("40123456N|0|40.209600;40123456S|0|-40.209600;40123456W|0|40.209600;"
+                             "074003012W|1|-74.008367;074003012E|1|74.008367;"
+                             "074003012S|1|74.008367;40123456999|0|40.209600;"
+                             "0740030129W|1|-74.008367;00000000N|0|0;40123456|0|40.209600"))
+    EXPECT_EQ(PackedToDegrees(c[0], c[1] == "1", GetParam()), c[2]) << c[0];
 }
 
-struct ToDmsCase {
-  const char* degrees;
-  int form;
-  const char* dms;
-};
-
+// degrees|form|text. Form 4 carries no sign, form 0 leaves the degrees unpadded, seconds keep
+// two integer digits, and zero or nothing gives nothing.
 TEST_P(BothMarks, DegreesToDmsInEveryForm) {
-  const ToDmsCase cases[] = {
-      {"40.2096", 0, "401234.56"},
-      {"-40.2096", 0, "-401234.56"},
-      {"-40.2096", 1, "-401234.56"},
-      {"40.2096", 2, "40123456N"},
-      {"-40.2096", 2, "40123456S"},
-      {"74.008367", 3, "074003012E"},
-      {"-74.008367", 3, "074003012W"},
-      {"74.008367", 4, "0740030.12"},
-      {"-74.008367", 4, "0740030.12"},  // form 4 carries no sign
-      {"5.5", 0, "53000.00"},
-      {"0.5", 0, "03000.00"},  // degrees unpadded in form 0
-      {"0.5", 4, "0003000.00"},
-      {"7.0025", 2, "7000900N"},  // seconds keep two integer digits
-      {"0", 0, ""},
-      {"0.0", 3, ""},
-      {"", 2, ""},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(DegreesToDms(c.degrees, c.form, GetParam()), c.dms)
-        << c.degrees << " form " << c.form;
-  }
+  for (const auto& c : cases("40.2096|0|401234.56;-40.2096|0|-401234.56;-40.2096|1|-401234.56;"
+                             "40.2096|2|40123456N;-40.2096|2|40123456S;74.008367|3|074003012E;"
+                             "-74.008367|3|074003012W;74.008367|4|0740030.12;"
+                             "-74.008367|4|0740030.12;5.5|0|53000.00;0.5|0|03000.00;"
+                             "0.5|4|0003000.00;7.0025|2|7000900N;0|0|;0.0|3|;|2|"))
+    EXPECT_EQ(DegreesToDms(c[0], std::stoi(c[1]), GetParam()), c[2]) << c[0] << " form " << c[1];
 }
 
 TEST_P(BothMarks, PackedFormsComeBackToTheirDegrees) {
