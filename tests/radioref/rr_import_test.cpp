@@ -318,19 +318,9 @@ TEST(ConventionalImport, FourHundredthDepartmentTakesNoRows) {
 }
 
 TEST(ConventionalImport, HarborCountyFromTheSimulatedService) {
-  TestFolder folder;
-  sim::RadioRefSim sim{sim::RadioRefSimOptions{}};
-  std::string error;
-  ASSERT_TRUE(sim.start(&error)) << error;
-  test::LoopbackTransport http;
-  RecordingFeedback feedback;
-  ManualClock clock;
-  SoapClient client(http, feedback, clock);
-  client.BaseUrl = sim.endpoint();
-  client.WorkFolder = folder.path();
-  client.documentsFolder = folder.path();
-  client.appKeySetting = "12345678";
-  RRQueries q(client);
+  test::Loopback service;
+  ASSERT_TRUE(service.started) << service.startError;
+  RRQueries& q = service.q;
   ASSERT_EQ(q.login("demo", "demo").result, LoginOutcome::Result::LoggedIn);
   q.getCountyInfo(9011);
   ASSERT_EQ(q.countyInfo.ctid, 9011);

@@ -4,40 +4,18 @@
 
 #include <set>
 
-#include "core/memory_ports.h"
 #include "radioref/rr_queries.h"
 #include "radioref/rr_readers.h"
 #include "rr_test_support.h"
-#include "sim/radioref_sim.h"
-#include "test_folder.h"
 
 namespace zel::radioref {
 namespace {
 
-class Loopback {
- public:
-  explicit Loopback(sim::RadioRefSimOptions options = {})
-      : sim(options), client(http, feedback, clock), q(client) {
-    std::string error;
-    started = sim.start(&error);
-    client.BaseUrl = sim.endpoint();
-    client.WorkFolder = folder.path();
-    client.documentsFolder = folder.path();
-    client.appKeySetting = "12345678";
-  }
-  TestFolder folder;
-  sim::RadioRefSim sim;
-  test::LoopbackTransport http;
-  RecordingFeedback feedback;
-  ManualClock clock;
-  SoapClient client;
-  RRQueries q;
-  bool started = false;
-};
+using test::Loopback;
 
 TEST(RRQueriesLoopback, LoginThenEveryOperationDownToTheRows) {
   Loopback l;
-  ASSERT_TRUE(l.started);
+  ASSERT_TRUE(l.started) << l.startError;
   auto& q = l.q;
   const auto outcome = q.login("demo", "demo");
   ASSERT_EQ(outcome.result, LoginOutcome::Result::LoggedIn) << l.client.lastError();
@@ -127,7 +105,7 @@ TEST(RRQueriesLoopback, RenamedDescriptionIsFollowedWithoutARebuild) {
 
 TEST(RRQueriesLoopback, WrongLoginEmptiesTheLoginFields) {
   Loopback l;
-  ASSERT_TRUE(l.started);
+  ASSERT_TRUE(l.started) << l.startError;
   int emptied = 0;
   l.client.onInvalidLogin = [&] { ++emptied; };
   const auto outcome = l.q.login("demo", "wrong");
@@ -140,7 +118,7 @@ TEST(RRQueriesLoopback, TimeOutsAgainstASlowService) {
   sim::RadioRefSimOptions options;
   options.slowMs = 600;
   Loopback l(options);
-  ASSERT_TRUE(l.started);
+  ASSERT_TRUE(l.started) << l.startError;
   // The description is late: a message, and what came (nothing) is all there is.
   l.client.wsdlTimeoutMs = 150;
   l.client.RRUser = l.client.RRPassword = "demo";

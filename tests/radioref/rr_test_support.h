@@ -8,8 +8,12 @@
 #include <string>
 #include <vector>
 
+#include "core/memory_ports.h"
 #include "radioref/http_transport.h"
+#include "radioref/rr_queries.h"
 #include "radioref/soap_envelope.h"
+#include "sim/radioref_sim.h"
+#include "test_folder.h"
 
 namespace zel::radioref::test {
 
@@ -41,6 +45,26 @@ class ScriptedTransport : public HttpTransport {
 };
 
 HttpReply ok(std::string body, int status = 200);
+
+// A client and its queries against the simulated service on this machine, over real HTTP.
+struct Loopback {
+  explicit Loopback(sim::RadioRefSimOptions options = {})
+      : sim(options), client(http, feedback, clock), q(client) {
+    started = sim.start(&startError);
+    client.BaseUrl = sim.endpoint();
+    client.WorkFolder = client.documentsFolder = folder.path();
+    client.appKeySetting = "12345678";
+  }
+  TestFolder folder;
+  sim::RadioRefSim sim;
+  LoopbackTransport http;
+  RecordingFeedback feedback;
+  ManualClock clock;
+  SoapClient client;
+  RRQueries q;
+  bool started = false;
+  std::string startError;
+};
 
 // A file's bytes, as they are.
 std::string slurp(const std::filesystem::path& path);
