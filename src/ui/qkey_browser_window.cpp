@@ -66,6 +66,8 @@ void QkeyBrowserWindow::build() {
   listView1_->setColumnHidden(Hidden, true);
   listView1_->setSortingEnabled(false);
   listView1_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  listView1_->header()->setSectionResizeMode(Name, QHeaderView::Stretch);
+  listView1_->header()->setStretchLastSection(false);
   splitter->setSizes({300, 880});
   root->addWidget(splitter, 1);
   root->addWidget(new QLabel("Quick keys used twice:", this));
