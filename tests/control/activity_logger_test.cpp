@@ -331,8 +331,7 @@ TEST(ActivityLogger, ClearingAndDeletingTheFileAskFirst) {
   EXPECT_EQ(rig.vc->logger.page.cell(1, 3), "Dispatch");
   rig.vc->logger.clearLog();  // the fallback answer is Yes
   EXPECT_EQ(rig.feedback.questions.back(), "|Are you sure you want to clear the grid?");
-  EXPECT_TRUE(rig.vc->logger.page.rowEmpty(1));
-  EXPECT_EQ(rig.vc->logger.lastKey, "");
+  EXPECT_TRUE(rig.vc->logger.page.rowEmpty(1) && rig.vc->logger.lastKey.empty());
   EXPECT_FALSE(std::filesystem::exists(folder.file("loggrid.ini")));
 
   // Deleting the log file asks first as well.
@@ -352,10 +351,10 @@ TEST(ActivityLogger, FrequencySearchNeedsAUserAndAFrequencyWithAPoint) {
   rig.transmission("0154.4300", "Dispatch");
   rig.glg(glgReply("2412", "Ops"));
   rig.vc->logger.onTimer3();
-  EXPECT_EQ(rig.vc->logger.searchFrequency(2, "user"), "154.4300");
-  EXPECT_EQ(rig.vc->logger.searchFrequency(2, ""), "");
-  EXPECT_EQ(rig.vc->logger.searchFrequency(1, "user"), "");  // a talkgroup row
-  EXPECT_EQ(rig.vc->logger.searchFrequency(500, "user"), "");
+  auto& l = rig.vc->logger;  // row 1 is a talkgroup's
+  EXPECT_EQ((Lines{l.searchFrequency(2, "user"), l.searchFrequency(2, ""),
+                   l.searchFrequency(1, "user"), l.searchFrequency(500, "user")}),
+            (Lines{"154.4300", "", "", ""}));
 }
 
 TEST(ActivityLogger, TheSdsPageHasAnExtraInfoColumn) {

@@ -254,11 +254,10 @@ TEST(RealReplies, TalkgroupTexts) {
   const auto newton =
       std::find_if(tgs.begin(), tgs.end(), [](const RRTalkgroup& tg) { return tg.tgDec == 45005; });
   ASSERT_NE(newton, tgs.end());
-  EXPECT_EQ(newton->tgDescr, "VHF Fire Page/Ops; EMS Ops - Newton");
-  EXPECT_EQ(std::tie(newton->tgId, newton->tgCid, newton->tgSort), std::make_tuple(329976, 26708, 32));
-  EXPECT_EQ(newton->tgDate, "2020-09-12T23:00:06+00:00");
-  EXPECT_EQ(newton->tgSubfleet, "");  // nil
-  EXPECT_EQ(newton->tgSlot, "");      // nil
+  EXPECT_EQ(std::tie(newton->tgDescr, newton->tgId, newton->tgCid, newton->tgSort, newton->tgDate,
+                     newton->tgSubfleet, newton->tgSlot),  // the last two nil
+            std::make_tuple("VHF Fire Page/Ops; EMS Ops - Newton", 329976, 26708, 32,
+                            "2020-09-12T23:00:06+00:00", "", ""));
   for (const RRTalkgroup& tg : tgs) {
     EXPECT_EQ(tg.tgDescr.find(','), std::string::npos) << tg.tgDec;
     EXPECT_EQ(tg.tags.size(), 1u) << tg.tgDec;
@@ -267,8 +266,8 @@ TEST(RealReplies, TalkgroupTexts) {
   EXPECT_EQ(readTalkgroups(dmr.part()).front().tgSlot, "2");
   const ParsedReply sites(realReply("trs_sites_p25.xml"));
   const RRSite site = readTrsSites(sites.part()).front();
-  EXPECT_EQ(site.siteNeighbors, "1(LINN CO),20");
-  EXPECT_EQ(site.siteLicenses, (std::vector<std::string>{"WQKX774", "WQKX775"}));
+  EXPECT_EQ(std::tie(site.siteNeighbors, site.siteLicenses),
+            std::make_tuple("1(LINN CO),20", std::vector<std::string>{"WQKX774", "WQKX775"}));
 }
 
 }  // namespace
