@@ -165,6 +165,8 @@ void DbImportWindow::build() {
   buttons->addWidget(import_);
   buttons->addWidget(close);
   layout->addLayout(buttons);
+  // Enter in a box filters or finds; it never presses a button of its own accord.
+  for (QPushButton* b : findChildren<QPushButton*>()) b->setAutoDefault(false);
   resize(760, 640);
 
   connect(browse, &QPushButton::clicked, this, [this] { chooseFolder(); });
@@ -304,7 +306,8 @@ void DbImportWindow::applyFilter() {
   database::DbFilter filter;
   filter.name = toLatin1(name_->text());
   if (service_->currentIndex() > 0) filter.service = toLatin1(service_->currentText());
-  if (near_->isChecked()) {
+  const bool placeGiven = !lat_->text().trimmed().isEmpty() && !lon_->text().trimmed().isEmpty();
+  if (near_->isChecked() && placeGiven) {
     const DecimalMark dot = DecimalMark::point();
     database::DbCircle c;
     c.lat = leadingNumber(gps::ClampLatitude(formatFixed(numberIn(lat_), 6), dot));
@@ -326,7 +329,9 @@ void DbImportWindow::applyFilter() {
   }
   tree_->setUpdatesEnabled(true);
   updateTickCount();
-  setStatus(QString("%1 of %2 systems shown").arg(shown).arg(systems.size()));
+  setStatus(near_->isChecked() && !placeGiven
+                ? QString("Give the place's latitude and longitude to filter by location.")
+                : QString("%1 of %2 systems shown").arg(shown).arg(systems.size()));
 }
 
 std::vector<database::DbChoice> DbImportWindow::tickedChoices() const {
