@@ -74,43 +74,31 @@ struct Scope {
 };
 
 TEST(ScannerSimScope, CommandsAnswerInAndOutOfProgramMode) {
-  struct Case {
-    const char* command;
-    const char* outside;  // reply before PRG
-    const char* inside;   // reply after PRG
-  };
-  const Case cases[] = {
-      {"CSP,0,TORVO BANDSCOPE,01440000,01480000,1250,NFM,0,2,1,400", "CSP,NG", "CSP,OK"},
-      {"CSP,9,X,1440000,1480000,625,AM,1,2,1,400", "CSP,NG", "CSP,OK"},
-      {"CSP,10,X,1440000,1480000,1250,NFM,0,2,1,400", "CSP,NG", "CSP,NG"},  // no slot 10
-      {"CSP,-1,X,1440000,1480000,1250,NFM,0,2,1,400", "CSP,NG", "CSP,NG"},
-      {"CSP,0,X,1480000,1440000,1250,NFM,0,2,1,400", "CSP,NG", "CSP,NG"},  // high below low
-      {"CSP,0,X,1440000,1440100,1250,NFM,0,2,1,400", "CSP,NG", "CSP,NG"},  // not one step
-      {"CSP,0,X,1440000,1480000,1300,NFM,0,2,1,400", "CSP,NG", "CSP,NG"},  // no such step
-      {"CSP,0,X,1440000,1480000,1250,USB,0,2,1,400", "CSP,NG", "CSP,NG"},
-      {"CSP,0,X,1440000,1480000,1250,NFM,2,2,1,400", "CSP,NG", "CSP,NG"},  // attenuator 2
-      {"CSP,0,X,0100000,0200000,1250,NFM,0,2,1,400", "CSP,NG", "CSP,NG"},  // below 25 MHz
-      {"CSP,0,X,1440000,1480000,1250", "CSP,NG", "CSP,NG"},
-      {"CSG,1111111110", "CSG,NG", "CSG,OK"},
-      {"CSG,111111111", "CSG,NG", "CSG,NG"},
-      {"CSG,1111121111", "CSG,NG", "CSG,NG"},
-      {"CSC,ON", "CSC,OK", "CSC,NG"},
-      {"CSC,OFF", "CSC,OK", "CSC,OK"},
-      {"CSC,MAYBE", "CSC,NG", "CSC,NG"},
-      {"VOL,0", "VOL,OK", "VOL,OK"},
-      {"SQL,3", "SQL,OK", "SQL,OK"},
-      {"KEY,H,P", "KEY,OK", "KEY,OK"},
-      {"KEY,>,P", "KEY,OK", "KEY,OK"},
-      {"EPG", "EPG,OK", "EPG,OK"},
-      {"PRG", "PRG,OK", "PRG,OK"},
-  };
-  for (const Case& c : cases) {
+  // command|reply before PRG|reply after PRG (both after the command word). Refused in program
+  // mode: no slot 10 or -1, high below low, a range not one step, an unknown step, USB,
+  // attenuator 2, below 25 MHz, a short line, flags not ten 0s and 1s.
+  const std::string cases =
+      "CSP,0,TORVO BANDSCOPE,01440000,01480000,1250,NFM,0,2,1,400|NG|OK;"
+      "CSP,9,X,1440000,1480000,625,AM,1,2,1,400|NG|OK;"
+      "CSP,10,X,1440000,1480000,1250,NFM,0,2,1,400|NG|NG;"
+      "CSP,-1,X,1440000,1480000,1250,NFM,0,2,1,400|NG|NG;"
+      "CSP,0,X,1480000,1440000,1250,NFM,0,2,1,400|NG|NG;"
+      "CSP,0,X,1440000,1440100,1250,NFM,0,2,1,400|NG|NG;"
+      "CSP,0,X,1440000,1480000,1300,NFM,0,2,1,400|NG|NG;"
+      "CSP,0,X,1440000,1480000,1250,USB,0,2,1,400|NG|NG;"
+      "CSP,0,X,1440000,1480000,1250,NFM,2,2,1,400|NG|NG;"
+      "CSP,0,X,0100000,0200000,1250,NFM,0,2,1,400|NG|NG;CSP,0,X,1440000,1480000,1250|NG|NG;"
+      "CSG,1111111110|NG|OK;CSG,111111111|NG|NG;CSG,1111121111|NG|NG;CSC,ON|OK|NG;CSC,OFF|OK|OK;"
+      "CSC,MAYBE|NG|NG;VOL,0|OK|OK;SQL,3|OK|OK;KEY,H,P|OK|OK;KEY,>,P|OK|OK;EPG|OK|OK;PRG|OK|OK";
+  for (const std::string& text : split(cases, ';')) {
+    const auto c = split(text, '|');
+    const std::string word = c[0].substr(0, 3);
     Scope out;
-    EXPECT_EQ(out.sim->answer(c.command), std::string(c.outside) + "\r") << c.command;
-    EXPECT_EQ(out.sim->scope().programMode(), std::string(c.command) == "PRG") << c.command;
+    EXPECT_EQ(out.sim->answer(c[0]), word + "," + c[1] + "\r") << c[0];
+    EXPECT_EQ(out.sim->scope().programMode(), c[0] == "PRG") << c[0];
     Scope in;
     ASSERT_EQ(in.sim->answer("PRG"), "PRG,OK\r");
-    EXPECT_EQ(in.sim->answer(c.command), std::string(c.inside) + "\r") << c.command;
+    EXPECT_EQ(in.sim->answer(c[0]), word + "," + c[2] + "\r") << c[0];
   }
 }
 
