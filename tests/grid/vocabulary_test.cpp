@@ -4,87 +4,52 @@
 
 #include <set>
 #include <string>
+#include <vector>
+
+#include "core/text.h"
 
 namespace zel::vocab {
 namespace {
 
-struct ListCase {
-  const char* key;
-  std::size_t count;
-  const char* first;
-  const char* last;
-};
-
-// Every key the list routine serves, with its size and both ends. A key added to the
-// vocabulary without a line here fails EveryKeyIsCovered.
-const ListCase kLists[] = {
-    {"Avoid", 2, "Off", "On"},
-    {"Attenuator", 2, "Off", "On"},
-    {"Priority", 2, "Off", "On"},
-    {"Mode", 6, "AUTO", "FMB"},
-    {"AudioType", 3, "All", "Digital"},
-    {"SQ Mode", 8, "All", "dPMR"},
-    {"Delay Time", 10, "-10", "30"},
-    {"Volume Offset", 7, "-3", "3"},
-    {"Alert Tone", 10, "Off", "9"},
-    {"Alert Level", 16, "Auto", "15"},
-    {"Alert Light", 8, "Off", "White"},
-    {"Alert Pattern", 3, "On", "Fast Blink"},
-    {"DMR Tslot", 3, "Any", "2"},
-    {"Prio", 4, "Off", "DND"},
-    {"ufilter", 8, "Global", "Off"},
-    {"GPS", 3, "None", "Exact"},
-    {"Multi-Site", 3, "Off", "Stationary"},
-    {"P25_thres", 3, "Auto", "Default"},
-    {"mot_end1", 3, "Ignore", "Analog and Digital"},
-    {"record", 3, "Off", "All On"},
-    {"T-Tables", 3, "Default", "Custom"},
-    {"sitetype_m", 3, "800/900 Standard", "Custom"},
-    {"sitetype_m2", 3, "Standard", "Custom/Rebanded"},
-    {"sitetype_e", 2, "Wide(standard)", "Narrow"},
-    {"SQL Type", 3, "Off", "Sel"},
-    {"afs", 2, "Decimal", "AFS"},
-    {"p25wait", 11, "0", "1000"},
-    {"RF-Gain", 10, "RFG1", "RFGMAX"},
-    {"range", 7, "1", "100"},
-    {"Offset", 14, "0.600", "-45.000"},
-    {"Startkey", 11, "0", "None"},
-    {"Step", 15, "1.0", "100.0"},
-    {"Step SSB", 15, "1.0", "100.0"},
-    {"Step FM", 15, "1.0", "100.0"},
-    {"Step Adjust", 15, "1.0", "100.0"},
-    {"servsearch", 27, "---", "Hamradio 23cm (260 only)"},
-    {"servsearch_eu", 24, "---", "Hamradio 23cm (260 only)"},
-    {"SQ Code_c", 51, "Search", "254.1"},
-    {"SQ Code_d", 105, "Search", "754"},
-    {"SQ Code_n", 4095, "1", "FFF"},
-    {"SQ Code_dmr", 17, "Search", "15"},
-    {"SQ Code_r", 64, "0", "63"},
-    {"SQ Code_a", 2, "0", "1"},
-    {"SQ Code_dpmr", 255, "1", "255"},
-    {"SQ Code_digital", 255, "1", "255"},
-    {"SQ Code_analog", 255, "1", "255"},
-    {"Service Type", 39, "Aircraft", "Racing Teams"},
-    {"System Type BC536", 11, "Conventional", "Nxdn One Frequency"},
-    {"System Type HP1", 7, "Conventional", "P25 X2 TDMA"},
-    {"bands", 31, "25.00 - 26.96", "1240.00 - 1300.00"},
-    {"bands eu", 31, "25.00 - 29.99", "1240.00 - 1300.00"},
-    {"bands_name", 31, "Petroleum Products & Broadcast Pickup", "23 cm Amateur Band"},
-    {"pages", 3, "Frequencies", "Settings"},
-};
+// Every key the list routine serves as key|size|first|last, ';' between keys. A key added to
+// the vocabulary without a case here fails EveryKeyIsCovered.
+const std::vector<std::string>& lists() {
+  static const std::vector<std::string> all = split(
+      "Avoid|2|Off|On;Attenuator|2|Off|On;Priority|2|Off|On;Mode|6|AUTO|FMB;"
+      "AudioType|3|All|Digital;SQ Mode|8|All|dPMR;Delay Time|10|-10|30;Volume Offset|7|-3|3;"
+      "Alert Tone|10|Off|9;Alert Level|16|Auto|15;Alert Light|8|Off|White;"
+      "Alert Pattern|3|On|Fast Blink;DMR Tslot|3|Any|2;Prio|4|Off|DND;ufilter|8|Global|Off;"
+      "GPS|3|None|Exact;Multi-Site|3|Off|Stationary;P25_thres|3|Auto|Default;"
+      "mot_end1|3|Ignore|Analog and Digital;record|3|Off|All On;T-Tables|3|Default|Custom;"
+      "sitetype_m|3|800/900 Standard|Custom;sitetype_m2|3|Standard|Custom/Rebanded;"
+      "sitetype_e|2|Wide(standard)|Narrow;SQL Type|3|Off|Sel;afs|2|Decimal|AFS;p25wait|11|0|1000;"
+      "RF-Gain|10|RFG1|RFGMAX;range|7|1|100;Offset|14|0.600|-45.000;Startkey|11|0|None;"
+      "Step|15|1.0|100.0;Step SSB|15|1.0|100.0;Step FM|15|1.0|100.0;Step Adjust|15|1.0|100.0;"
+      "servsearch|27|---|Hamradio 23cm (260 only);servsearch_eu|24|---|Hamradio 23cm (260 only);"
+      "SQ Code_c|51|Search|254.1;SQ Code_d|105|Search|754;SQ Code_n|4095|1|FFF;"
+      "SQ Code_dmr|17|Search|15;SQ Code_r|64|0|63;SQ Code_a|2|0|1;SQ Code_dpmr|255|1|255;"
+      "SQ Code_digital|255|1|255;SQ Code_analog|255|1|255;Service Type|39|Aircraft|Racing Teams;"
+      "System Type BC536|11|Conventional|Nxdn One Frequency;"
+      "System Type HP1|7|Conventional|P25 X2 TDMA;bands|31|25.00 - 26.96|1240.00 - 1300.00;"
+      "bands eu|31|25.00 - 29.99|1240.00 - 1300.00;"
+      "bands_name|31|Petroleum Products & Broadcast Pickup|23 cm Amateur Band;"
+      "pages|3|Frequencies|Settings",
+      ';');
+  return all;
+}
 
 TEST(Tabel, EveryListHasItsSizeAndEnds) {
-  for (const auto& c : kLists) {
-    const auto& list = tabel(c.key);
-    ASSERT_EQ(list.size(), c.count) << c.key;
-    EXPECT_EQ(list.front(), c.first) << c.key;
-    EXPECT_EQ(list.back(), c.last) << c.key;
+  for (const std::string& c : lists()) {
+    const auto f = split(c, '|');
+    const auto& list = tabel(f[0]);
+    ASSERT_EQ(std::to_string(list.size()), f[1]) << c;
+    EXPECT_EQ(list.front() + "|" + list.back(), f[2] + "|" + f[3]) << c;
   }
 }
 
 TEST(Tabel, EveryKeyIsCoveredAndListedOnce) {
   std::set<std::string> tested;
-  for (const auto& c : kLists) tested.insert(c.key);
+  for (const std::string& c : lists()) tested.insert(split(c, '|')[0]);
   std::set<std::string> listed(keys().begin(), keys().end());
   EXPECT_EQ(listed.size(), keys().size()) << "a key is listed twice";
   EXPECT_EQ(listed, tested);
