@@ -175,7 +175,7 @@ TEST_F(CardCommand, EnableAllFailsWhenTheProfileCannotBeWritten) {
   const std::string c = card("c", "BCD536HP");
   const fs::path profile = fs::path(c) / "BCDx36HP" / "profile.cfg";
   std::string big = slurp(profile);
-  for (int i = 0; i < 800; ++i) big += "Filler\tline kept as the scanner wrote it\r\n";
+  for (int i = 0; i < 2000; ++i) big += "Filler\tline kept as the scanner wrote it\r\n";
   std::ofstream(profile, std::ios::binary) << big;
   ZelRun r = zel("card enable-all" + root(c), "ulimit -f 40; ");
   EXPECT_EQ(r.exitCode, 1);
