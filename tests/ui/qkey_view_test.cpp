@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMimeData>
+#include <QPrinter>
 #include <QTreeWidget>
 #include <filesystem>
 
@@ -143,6 +144,28 @@ class QkeyViewTest : public QObject {
     QCOMPARE(view.result(), int(QDialog::Accepted));
     QCOMPARE(field(f.doc(), dept.c_str(), 10), std::string("Off"));
     QCOMPARE(field(f.doc(), "GRP-999-002-001", 10), std::string("2"));
+  }
+
+  void printOverviewToAFileOrSayWhyNot() {
+    NEED_CARD();
+    test::SessionFixture f;
+    QVERIFY(f.readCardList());
+    ui::QkeyViewDialog view(f.session, f.feedback);
+    TestFolder dir;
+    const struct {
+      std::string file;
+      bool printed;
+    } cases[] = {{dir.file("overview.pdf"), true}, {dir.file("no/such/folder/overview.pdf"), false}};
+    for (const auto& c : cases) {
+      f.feedback.messages.clear();
+      QPrinter printer;
+      printer.setOutputFormat(QPrinter::PdfFormat);
+      printer.setOutputFileName(QString::fromStdString(c.file));
+      QCOMPARE(view.printOverview(printer), c.printed);
+      QCOMPARE(fs::exists(c.file), c.printed);
+      QCOMPARE(f.feedback.messages.size(), c.printed ? 0u : 1u);
+      if (!c.printed) QCOMPARE(f.feedback.messages[0], std::string("Problem in printerroutine Qkeys"));
+    }
   }
 
   void systemKeyBoxesShowWhatIsOnAKeyAndKeepTheirState() {
