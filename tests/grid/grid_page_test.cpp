@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "grid_test_support.h"
+
 namespace zel {
 namespace {
 
@@ -29,8 +31,7 @@ TEST(GridPage, RepeatFillWritesTheWholeSelectionAndSingleOnlyTheCell) {
   };
   for (const auto& c : cases) {
     GridPage grid(6, 5);
-    grid.setRow(c.row);
-    grid.setCol(c.col);
+    test::moveTo(grid, c.row, c.col);
     grid.setRowSel(c.rowSel);
     grid.setColSel(c.colSel);
     grid.setFillStyle(c.style);
@@ -50,36 +51,30 @@ TEST(GridPage, SettingTheCursorCollapsesTheSelection) {
   grid.setRowSel(6);
   grid.setCol(1);
   grid.setColSel(3);
-  grid.setRow(4);
-  EXPECT_EQ(grid.rowSel(), 4);
-  EXPECT_EQ(grid.colSel(), 3);  // only the axis that was set collapses
+  grid.setRow(4);  // only the axis that was set collapses
+  EXPECT_EQ(std::make_pair(grid.rowSel(), grid.colSel()), std::make_pair(4, 3));
   grid.setCol(2);
   EXPECT_EQ(grid.colSel(), 2);
 }
 
 TEST(GridPage, ResizingKeepsCellsAndTheCursorInsideAndClearKeepsTheSize) {
   GridPage grid = numbered(4, 3);
-  grid.setRow(3);
-  grid.setCol(2);
+  test::moveTo(grid, 3, 2);
   grid.setCols(5);
-  EXPECT_EQ(grid.textMatrix(3, 2), "3:2");
-  EXPECT_EQ(grid.textMatrix(3, 4), "");
-  grid.setCols(2);
+  EXPECT_EQ(test::cells(grid, {{3, 2}, {3, 4}}), "3:2|");
+  grid.setCols(2);  // the cursor comes inside; (2, 2) lies beyond the table
   EXPECT_EQ(grid.col(), 1);
-  EXPECT_EQ(grid.textMatrix(2, 1), "2:1");
-  EXPECT_EQ(grid.textMatrix(2, 2), "");  // beyond the table
+  EXPECT_EQ(test::cells(grid, {{2, 1}, {2, 2}}), "2:1|");
   grid.setRows(2);
   EXPECT_EQ(grid.row(), 1);
-  grid.setRows(4);
-  EXPECT_EQ(grid.textMatrix(3, 0), "");  // rows come back empty
-  EXPECT_EQ(grid.textMatrix(1, 1), "1:1");
+  grid.setRows(4);  // rows come back empty
+  EXPECT_EQ(test::cells(grid, {{3, 0}, {1, 1}}), "|1:1");
   grid.setRows(0);
   EXPECT_EQ(grid.rows(), 1);
   // Clear empties the headings too but keeps the size.
   GridPage cleared = numbered(3, 4);
   cleared.clear();
-  EXPECT_EQ(cleared.rows(), 3);
-  EXPECT_EQ(cleared.cols(), 4);
+  EXPECT_EQ(std::make_pair(cleared.rows(), cleared.cols()), std::make_pair(3, 4));
   for (int r = 0; r < 3; ++r) {
     for (int c = 0; c < 4; ++c) EXPECT_EQ(cleared.textMatrix(r, c), "");
   }
@@ -96,15 +91,12 @@ TEST(GridPage, CellsOutsideTheTableReadEmptyAndIgnoreWrites) {
 
 TEST(GridPage, ColumnsAreFoundByHeadingWithoutCase) {
   GridPage grid(2, 5);
-  grid.setTextMatrix(0, 0, "#");
-  grid.setTextMatrix(0, 1, "Frequency");
-  grid.setTextMatrix(0, 2, "Alpha Tag");
-  grid.setTextMatrix(0, 3, "Avoid");
+  test::fill(grid, {{0, 0, "#"}, {0, 1, "Frequency"}, {0, 2, "Alpha Tag"}, {0, 3, "Avoid"}});
   grid.setTextMatrix(0, 4, "Alpha Tag");
-  EXPECT_EQ(grid.findColumn("alpha tag"), 2);  // first match wins
-  EXPECT_EQ(grid.findColumn("AVOID"), 3);
-  EXPECT_EQ(grid.findColumn("#"), -1);  // column 0 is never searched
-  EXPECT_EQ(grid.findColumn("Alpha"), -1);
+  // The first match wins; column 0 is never searched.
+  for (const auto& [heading, col] :
+       {std::pair{"alpha tag", 2}, {"AVOID", 3}, {"#", -1}, {"Alpha", -1}})
+    EXPECT_EQ(grid.findColumn(heading), col) << heading;
 }
 
 TEST(GridPage, WidthsAndHeightsOfZeroHide) {

@@ -10,6 +10,9 @@
 namespace zel {
 namespace {
 
+using test::cursor;
+using test::moveTo;
+
 class GridRoutines : public ::testing::Test {
  protected:
   GridRoutines() { clock.time = "09:15:30"; }
@@ -66,14 +69,13 @@ TEST_F(GridRoutines, ANullGridLogsItsPhraseWithTheTimeAndDoesNothing) {
   GridSetup setup;
   setup.env = env();
   EXPECT_FALSE(setup_grid(nullptr, setup));
-  const std::vector<std::string> expected = {
-      "func g_get_colnum no_invoer 09:15:30", "func g_get_data no_invoer 09:15:30",
-      "func g_get_header no_invoer 09:15:30", "func g_remove_hidd no_invoer 09:15:30",
-      "incr_celld no_invoer 09:15:30",        "g_copy_alpha no_invoer 09:15:30",
-      "g_align_text no_invoer 09:15:30",      "g_r_elines no_invoer 09:15:30",
-      "g_r_elines no_invoer 09:15:30",
-  };
-  EXPECT_EQ(feedback.logs, expected);
+  std::string logs;
+  for (const std::string& l : feedback.logs) logs += l + ";";
+  EXPECT_EQ(logs,
+            "func g_get_colnum no_invoer 09:15:30;func g_get_data no_invoer 09:15:30;func "
+            "g_get_header no_invoer 09:15:30;func g_remove_hidd no_invoer 09:15:30;incr_celld "
+            "no_invoer 09:15:30;g_copy_alpha no_invoer 09:15:30;g_align_text no_invoer 09:15:30;"
+            "g_r_elines no_invoer 09:15:30;g_r_elines no_invoer 09:15:30;");
   EXPECT_TRUE(feedback.messages.empty());
 }
 
@@ -88,10 +90,10 @@ TEST_F(GridRoutines, GetDataAndHeaderReadByHeadingAndRefuseRowsOutsideTheGrid) {
   EXPECT_EQ(feedback.messages,
             (std::vector<std::string>{"row error in get_data", "row error in get_data"}));
   GridPage talkgroups = build(Schema::Talkgroup);
-  talkgroups.setCol(4);
-  EXPECT_EQ(g_get_header(&talkgroups), "AudioType");
-  talkgroups.setCol(0);
-  EXPECT_EQ(g_get_header(&talkgroups), "#");
+  for (const auto& [col, heading] : {std::pair{4, "AudioType"}, {0, "#"}}) {
+    talkgroups.setCol(col);
+    EXPECT_EQ(g_get_header(&talkgroups), heading);
+  }
 }
 
 TEST_F(GridRoutines, RemoveHiddDropsOnlyATrailingLastsortColumn) {
@@ -121,20 +123,16 @@ TEST_F(GridRoutines, RemoveHiddDropsOnlyATrailingLastsortColumn) {
 TEST_F(GridRoutines, MovingDownFromTheLastRowAddsOneRowAndSkipsHiddenRows) {
   GridPage grid = build(Schema::Channel);
   ASSERT_EQ(grid.rows(), 11);
-  grid.setRow(10);
-  grid.setCol(3);
+  moveTo(grid, 10, 3);
   EXPECT_TRUE(incr_celld(&grid));
-  EXPECT_EQ(grid.rows(), 12);
-  EXPECT_EQ(grid.row(), 11);
-  EXPECT_EQ(grid.col(), 3);
+  EXPECT_EQ(cursor(grid) + " of " + std::to_string(grid.rows()), "11,3 of 12");
   EXPECT_EQ(grid.textMatrix(11, 0), "11");
   EXPECT_EQ(grid.takeRowsForColours(), std::vector<int>{11});
   EXPECT_TRUE(grid.takeRowsForColours().empty());
 
   grid.setRow(4);
   EXPECT_TRUE(incr_celld(&grid));
-  EXPECT_EQ(grid.row(), 5);
-  EXPECT_EQ(grid.rows(), 12);
+  EXPECT_EQ(cursor(grid) + " of " + std::to_string(grid.rows()), "5,3 of 12");
 
   // Hidden rows are passed over, hidden last rows too: the page grows past them.
   GridPage hidden = build(Schema::Channel);
@@ -146,16 +144,14 @@ TEST_F(GridRoutines, MovingDownFromTheLastRowAddsOneRowAndSkipsHiddenRows) {
   hidden.setRowHeight(9, 0);
   hidden.setRowHeight(10, 0);
   incr_celld(&hidden);
-  EXPECT_EQ(hidden.row(), 11);
-  EXPECT_EQ(hidden.rows(), 12);
+  EXPECT_EQ(std::make_pair(hidden.row(), hidden.rows()), std::make_pair(11, 12));
 }
 
 TEST_F(GridRoutines, MovingDownKeepsGrowingForALongPage) {
   GridPage grid = build(Schema::Channel);
   grid.setRow(1);
   for (int i = 0; i < 100000; ++i) incr_celld(&grid);
-  EXPECT_EQ(grid.row(), 100001);
-  EXPECT_EQ(grid.rows(), 100002);
+  EXPECT_EQ(std::make_pair(grid.row(), grid.rows()), std::make_pair(100001, 100002));
   EXPECT_EQ(grid.textMatrix(100001, 0), "100001");
 }
 
@@ -163,50 +159,36 @@ TEST_F(GridRoutines, MovingRightSkipsHiddenColumnsAndWrapsToTheNextRow) {
   GridPage grid = build(Schema::Channel);
   grid.setColWidth(4, 0);
   grid.setColWidth(5, 0);
-  grid.setRow(2);
-  grid.setCol(3);
+  moveTo(grid, 2, 3);
   EXPECT_TRUE(moveRight(&grid));
-  EXPECT_EQ(grid.col(), 6);
-
+  EXPECT_EQ(cursor(grid), "2,6");
   grid.setCol(16);
   EXPECT_TRUE(moveRight(&grid));
-  EXPECT_EQ(grid.row(), 3);
-  EXPECT_EQ(grid.col(), 1);
+  EXPECT_EQ(cursor(grid), "3,1");
 
   grid.setRowHeight(4, 0);  // the wrap skips a hidden row
   grid.setCol(16);
   moveRight(&grid);
   EXPECT_EQ(grid.row(), 5);
 
-  grid.setRow(10);  // nothing after the last column of the last row
-  grid.setCol(16);
+  moveTo(grid, 10, 16);  // nothing after the last column of the last row
   EXPECT_FALSE(moveRight(&grid));
-  EXPECT_EQ(grid.row(), 10);
-  EXPECT_EQ(grid.col(), 16);
-
+  EXPECT_EQ(cursor(grid), "10,16");
   grid.setColWidth(16, 0);  // a hidden last column is passed over by the wrap
-  grid.setRow(6);
-  grid.setCol(15);
+  moveTo(grid, 6, 15);
   moveRight(&grid);
-  EXPECT_EQ(grid.row(), 7);
-  EXPECT_EQ(grid.col(), 1);
+  EXPECT_EQ(cursor(grid), "7,1");
 }
 
 TEST_F(GridRoutines, CopyAlphaFillsTheTagsOfTheSelectedRowsWithAKey) {
   GridPage grid = build(Schema::Channel);
-  grid.setTextMatrix(1, 1, "154.785000");
-  grid.setTextMatrix(2, 2, "Kept");  // no frequency: left alone
-  grid.setTextMatrix(3, 1, "460.125000");
-  grid.setTextMatrix(3, 2, "Old");
-  grid.setTextMatrix(4, 1, "851.012500");  // outside the selection
-  grid.setRow(1);
-  grid.setCol(2);
+  // Row 2 has no frequency and is left alone; row 4 is outside the selection.
+  test::fill(grid, {{1, 1, "154.785000"}, {2, 2, "Kept"}, {3, 1, "460.125000"}, {3, 2, "Old"}});
+  grid.setTextMatrix(4, 1, "851.012500");
+  moveTo(grid, 1, 2);
   grid.setRowSel(3);
   EXPECT_EQ(g_copy_alpha(&grid), 2);
-  EXPECT_EQ(grid.textMatrix(1, 2), "154.785000");
-  EXPECT_EQ(grid.textMatrix(2, 2), "Kept");
-  EXPECT_EQ(grid.textMatrix(3, 2), "460.125000");
-  EXPECT_EQ(grid.textMatrix(4, 2), "");
+  EXPECT_EQ(test::cells(grid, {{1, 2}, {2, 2}, {3, 2}, {4, 2}}), "154.785000|Kept|460.125000|");
 
   GridPage talkgroups = build(Schema::Talkgroup);
   talkgroups.setTextMatrix(2, 1, "1234");

@@ -28,6 +28,15 @@ inline void fill(GridPage& grid, std::initializer_list<Put> puts) {
   for (const Put& p : puts) grid.setTextMatrix(p.row, p.col, p.text);
 }
 
+// The cursor as "row,col", and setting both at once.
+inline std::string cursor(const GridPage& grid) {
+  return std::to_string(grid.row()) + "," + std::to_string(grid.col());
+}
+inline void moveTo(GridPage& grid, int row, int col) {
+  grid.setRow(row);
+  grid.setCol(col);
+}
+
 inline bool setupFor(GridPage* grid, Schema schema, const GridSetup& setup) {
   switch (schema) {
     case Schema::Channel:

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "grid/grid_setup.h"
+#include "grid_test_support.h"
 
 namespace zel {
 namespace {
@@ -48,10 +49,10 @@ TEST(RowRecord, RecordsComeBackFromTheirRowUnchanged) {
 TEST(RowRecord, FieldNGoesToColumnN) {
   GridPage grid = channelGrid();
   recordToRow(grid, 2, kChannel);
-  EXPECT_EQ(grid.textMatrix(2, grid.findColumn("Frequency")), "154.785000");
-  EXPECT_EQ(grid.textMatrix(2, grid.findColumn("SQ Code")), "123.0");
-  EXPECT_EQ(grid.textMatrix(2, grid.findColumn("Alert Pattern")), "On");
-  EXPECT_EQ(grid.textMatrix(2, grid.findColumn("NumberTag")), "");
+  std::string texts;
+  for (const char* heading : {"Frequency", "SQ Code", "Alert Pattern", "NumberTag"})
+    texts += grid.textMatrix(2, grid.findColumn(heading)) + "|";
+  EXPECT_EQ(texts, "154.785000|123.0|On||");
   EXPECT_EQ(grid.textMatrix(2, 0), "2");  // the label is the grid's, not the record's
 }
 
@@ -59,9 +60,7 @@ TEST(RowRecord, ShortRecordsEmptyTheRestAndLongOnesAreCut) {
   GridPage grid = channelGrid();
   recordToRow(grid, 1, kChannel);
   recordToRow(grid, 1, "1,146.520000,Simplex\r\n");
-  EXPECT_EQ(grid.textMatrix(1, 2), "Simplex");
-  EXPECT_EQ(grid.textMatrix(1, 4), "");
-  EXPECT_EQ(grid.textMatrix(1, 16), "");
+  EXPECT_EQ(test::cells(grid, {{1, 2}, {1, 4}, {1, 16}}), "Simplex||");
 
   GridPage hp = channelGrid(ScannerFamily::HP);
   recordToRow(hp, 1, kChannel);
@@ -119,34 +118,24 @@ TEST(PageLines, LoadingFillsRowsInOrderAndKeepsTheFreshPageSize) {
   std::vector<std::string> lines = {kChannel, "8,155.000000,Two", "9,156.000000,Three"};
   EXPECT_EQ(loadPageLines(grid, lines), 3);
   EXPECT_EQ(grid.rows(), 11);
-  EXPECT_EQ(grid.textMatrix(1, 1), "154.785000");
-  EXPECT_EQ(grid.textMatrix(3, 2), "Three");
-  EXPECT_EQ(grid.textMatrix(9, 1), "");
+  EXPECT_EQ(test::cells(grid, {{1, 1}, {3, 2}, {9, 1}, {10, 0}}), "154.785000|Three||10");
   EXPECT_FALSE(grid.rowHidden(5));
-  EXPECT_EQ(grid.textMatrix(10, 0), "10");
 
   std::vector<std::string> many;
   for (int i = 1; i <= 25; ++i) many.push_back(std::to_string(i) + ",1" + std::to_string(i) + ".5");
   loadPageLines(grid, many);
   EXPECT_EQ(grid.rows(), 26);
-  EXPECT_EQ(grid.textMatrix(25, 0), "25");
-  EXPECT_EQ(grid.textMatrix(25, 1), "125.5");
+  EXPECT_EQ(test::cells(grid, {{25, 0}, {25, 1}}), "25|125.5");
   loadPageLines(grid, {});
-  EXPECT_EQ(grid.rows(), 11);
-  EXPECT_EQ(grid.textMatrix(1, 1), "");
+  EXPECT_EQ(std::make_pair(grid.rows(), grid.textMatrix(1, 1)), std::make_pair(11, std::string()));
 }
 
 TEST(PageLines, SavingNumbersTheStoredRowsFromOne) {
   GridPage grid = talkgroupGrid();
-  grid.setTextMatrix(2, 1, "100");
-  grid.setTextMatrix(2, 2, "First");
-  grid.setTextMatrix(3, 2, "No key");
-  grid.setTextMatrix(5, 1, "200");
+  test::fill(grid, {{2, 1, "100"}, {2, 2, "First"}, {3, 2, "No key"}, {5, 1, "200"}});
   grid.setRowHeight(5, 0);  // hidden rows are still data
-  auto lines = savePageLines(grid);
-  ASSERT_EQ(lines.size(), 2u);
-  EXPECT_EQ(lines[0], "1,100,First,,,,,,,,,,,,");
-  EXPECT_EQ(lines[1], "2,200,,,,,,,,,,,,,");
+  EXPECT_EQ(savePageLines(grid),
+            (std::vector<std::string>{"1,100,First,,,,,,,,,,,,", "2,200,,,,,,,,,,,,,"}));
 }
 
 }  // namespace
