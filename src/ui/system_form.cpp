@@ -90,7 +90,7 @@ SystemForm::SystemForm(Document& document, Feedback& feedback, GridSetup setup, 
   addRow(14, tr("Number tag:"), binder_->keyNumber(14, 999, "Off", page));
   addRow(15, tr("Hold time (s):"), binder_->number(15, 0, kMaxHoldTime, page));
   addRow(8, binder_->onOff(8, tr("ID search"), rules::SwitchForm::Digits, page));
-  // A file's "Off" reaches the record as "0", as every switch of a system line does.
+  // The record keeps the file's "Off"; a list saved by an older build may hold "0" instead.
   std::vector<Choice> alert = choicesOf(vocab::tabel("Alert Tone"));
   if (!alert.empty()) alert.front().alias = "0";
   addRow(9, tr("Emergency alert:"), binder_->choice(9, alert, page));
