@@ -35,14 +35,9 @@ TEST(SimScanList, AFavoritesFileBecomesChannelsInFileOrder) {
   ASSERT_TRUE(read.ok) << read.message;
   ASSERT_EQ(read.list.channels.size(), 2u);
   const SimChannel& c = read.list.channels[0];
-  EXPECT_EQ(c.system, "Harbor");
-  EXPECT_EQ(c.department, "Marine");
-  EXPECT_EQ(c.name, "Ch 16");
-  EXPECT_EQ(c.hz, 156800000);
-  EXPECT_EQ(c.modulation, "FM");
-  EXPECT_EQ(c.toneType, "CTCSS");
-  EXPECT_EQ(c.toneValue, "100.0");
-  EXPECT_EQ(read.list.name, "list");
+  EXPECT_EQ(c.system + "|" + c.department + "|" + c.name + "|" + std::to_string(c.hz) + "|" +
+                c.modulation + "|" + c.toneType + "|" + c.toneValue + "|" + read.list.name,
+            "Harbor|Marine|Ch 16|156800000|FM|CTCSS|100.0|list");
 }
 
 TEST(SimScanList, AFileWithoutChannelsOrWithoutHeaderIsRefused) {
