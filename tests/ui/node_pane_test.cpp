@@ -93,7 +93,7 @@ class NodePaneTest : public QObject {
     QVERIFY(!system->tabs()->isTabVisible(1));
     QVERIFY(system->tabs()->isTabVisible(2));
     QCOMPARE(f.find<QSpinBox>("field13")->value(), 1);  // the system's quick key
-    // The reader holds the file's "Off" of the emergency alert as "0"; the list shows Off.
+    // The reader keeps the file's "Off" of the emergency alert; the list shows Off.
     QCOMPARE(f.find<QComboBox>("field9")->currentText(), QString("Off"));
     QCOMPARE(f.find<QComboBox>("field9")->count(), 10);
     QCOMPARE(system->unitIds()->grid()->rowKey(1), std::string("UDD-001-00-0001"));
