@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "core/memory_ports.h"
+#include "core/text.h"
 #include "grid_test_support.h"
 
 namespace zel {
@@ -35,15 +38,10 @@ TEST(Setup, EachBuilderMakesItsSchemaTable) {
     setup.family = s.family;
     ASSERT_TRUE(test::setupFor(&grid, s.schema, setup));
     SCOPED_TRACE(s.lastHeading);
-    EXPECT_EQ(grid.cols(), s.cols);
-    EXPECT_EQ(grid.rows(), 11);
-    EXPECT_EQ(grid.textMatrix(0, 0), "#");
-    EXPECT_EQ(grid.textMatrix(0, s.cols - 1), s.lastHeading);
-    EXPECT_EQ(grid.textMatrix(1, 0), "1");
-    EXPECT_EQ(grid.textMatrix(10, 0), "10");
-    EXPECT_EQ(grid.textMatrix(2, 1), "");
-    EXPECT_EQ(grid.rowHeight(0), 400);
-    EXPECT_EQ(grid.colWidth(0), 700);
+    EXPECT_EQ(std::make_tuple(grid.cols(), grid.rows(), grid.rowHeight(0), grid.colWidth(0)),
+              std::make_tuple(s.cols, 11, 400, 700));
+    EXPECT_EQ(test::cells(grid, {{0, 0}, {0, s.cols - 1}, {1, 0}, {10, 0}, {2, 1}}),
+              std::string("#|") + s.lastHeading + "|1|10|");
     EXPECT_EQ(grid.colAlignment(0), GridPage::kAlignCentre);
     for (int c = 1; c < grid.cols(); ++c) {
       EXPECT_EQ(grid.colAlignment(c), GridPage::kAlignLeft);
@@ -51,34 +49,27 @@ TEST(Setup, EachBuilderMakesItsSchemaTable) {
       EXPECT_EQ(grid.textMatrix(0, c), schemaHeadings(s.schema, s.family)[c]);
     }
     EXPECT_TRUE(grid.redraw());
-    EXPECT_EQ(grid.row(), 1);
-    EXPECT_EQ(grid.col(), 1);
+    EXPECT_EQ(test::cursor(grid), "1,1");
   }
 }
 
 TEST(Setup, StoredWidthsAboveAHundredAreTaken) {
-  struct Case {
-    Schema schema;
-    const char* key;
-    const char* stored;  // with its trailing mark
-    int width;
-  };
-  const Case cases[] = {
-      {Schema::Channel, "ccol_width3", "100x", 1200},
-      {Schema::Channel, "ccol_width3", "101x", 101},
-      {Schema::Channel, "ccol_width3", "0x", 1200},
-      {Schema::Channel, "ccol_width3", "-500x", 1200},
-      {Schema::Channel, "ccol_width3", "2500 twipsx", 2500},  // leading digits
-      {Schema::Channel, "ccol_width3", "widex", 1200},
-      {Schema::Channel, "ccol_width1", "3000x", 3000},  // beats the fixed 4500
-      {Schema::Talkgroup, "tcol_width3", "100x", 1200},
-      {Schema::Talkgroup, "tcol_width3", "101x", 101},
-      {Schema::Unit, "ucol_width3", "100x", 1500},
-      {Schema::Unit, "ucol_width3", "101x", 101},
-      {Schema::Site, "fcol_width3", "99x", 1200},
-      {Schema::Site, "fcol_width3", "1800x", 1800},
-  };
-  for (const auto& c : cases) {
+  // key|stored text with its trailing mark|width; the key's first letter names the grid. A
+  // width is read from its leading digits, and column 1's stored width beats the fixed 4500.
+  const std::string cases =
+      "ccol_width3|100x|1200;ccol_width3|101x|101;ccol_width3|0x|1200;ccol_width3|-500x|1200;"
+      "ccol_width3|2500 twipsx|2500;ccol_width3|widex|1200;ccol_width1|3000x|3000;"
+      "tcol_width3|100x|1200;tcol_width3|101x|101;ucol_width3|100x|1500;ucol_width3|101x|101;"
+      "fcol_width3|99x|1200;fcol_width3|1800x|1800";
+  const std::map<char, Schema> schemas = {
+      {'c', Schema::Channel}, {'t', Schema::Talkgroup}, {'u', Schema::Unit}, {'f', Schema::Site}};
+  for (const std::string& text : split(cases, ';')) {
+    const auto f = split(text, '|');
+    const struct {
+      Schema schema;
+      std::string key, stored;
+      int width;
+    } c{schemas.at(text[0]), f[0], f[1], std::stoi(f[2])};
     MemorySettingsStore store;
     store.write("colwidth", c.key, c.stored);
     ColumnWidthTable widths;
@@ -87,7 +78,7 @@ TEST(Setup, StoredWidthsAboveAHundredAreTaken) {
     setup.widths = &widths;
     GridPage grid;
     test::setupFor(&grid, c.schema, setup);
-    int col = c.key[std::string_view(c.key).size() - 1] - '0';
+    const int col = c.key.back() - '0';
     EXPECT_EQ(grid.colWidth(col), c.width) << c.key << "=" << c.stored;
     EXPECT_EQ(widths.get(c.schema, col), c.width) << c.key;
     EXPECT_EQ(storedColumnWidth(&store, c.schema, col), c.width) << c.key;
@@ -95,11 +86,10 @@ TEST(Setup, StoredWidthsAboveAHundredAreTaken) {
 }
 
 TEST(Setup, WidthKeysNameTheGrid) {
-  EXPECT_EQ(columnWidthKey(Schema::Channel, 1), "ccol_width1");
-  EXPECT_EQ(columnWidthKey(Schema::Talkgroup, 14), "tcol_width14");
-  EXPECT_EQ(columnWidthKey(Schema::Unit, 2), "ucol_width2");
-  EXPECT_EQ(columnWidthKey(Schema::Site, 4), "fcol_width4");
-  EXPECT_EQ(columnWidthKey(Schema::Search, 1), "");
+  EXPECT_EQ(columnWidthKey(Schema::Channel, 1) + "|" + columnWidthKey(Schema::Talkgroup, 14) + "|" +
+                columnWidthKey(Schema::Unit, 2) + "|" + columnWidthKey(Schema::Site, 4) + "|" +
+                columnWidthKey(Schema::Search, 1),
+            "ccol_width1|tcol_width14|ucol_width2|fcol_width4|");
 }
 
 TEST(Setup, AListWithoutHeadingsIsReportedAndTheBuildGoesOn) {
@@ -109,9 +99,8 @@ TEST(Setup, AListWithoutHeadingsIsReportedAndTheBuildGoesOn) {
   GridPage grid(5, 5);
   EXPECT_TRUE(setupFromHeadings(&grid, Schema::Unit, HeadingList{}, "setup_ugrid", setup));
   EXPECT_EQ(feedback.messages, std::vector<std::string>{"setup_ugrid error"});
-  EXPECT_EQ(grid.cols(), 1);
-  EXPECT_EQ(grid.rows(), 11);
-  EXPECT_EQ(grid.textMatrix(0, 0), "#");
+  EXPECT_EQ(std::make_tuple(grid.cols(), grid.rows(), grid.textMatrix(0, 0)),
+            std::make_tuple(1, 11, "#"));
 }
 
 TEST(Setup, AnEmptySlotInsideAListEndsNothing) {
@@ -121,8 +110,7 @@ TEST(Setup, AnEmptySlotInsideAListEndsNothing) {
   GridPage grid;
   ASSERT_TRUE(setupFromHeadings(&grid, Schema::Site, headings, "setup_fgrid", GridSetup{}));
   EXPECT_EQ(grid.cols(), 5);
-  EXPECT_EQ(grid.textMatrix(0, 2), "");
-  EXPECT_EQ(grid.textMatrix(0, 4), "RAN");
+  EXPECT_EQ(test::cells(grid, {{0, 2}, {0, 4}}), "|RAN");
 }
 
 TEST(Setup, ThePageSizeSetsTheFreshRows) {
@@ -162,8 +150,7 @@ TEST(Widths, TheSortColumnIsForcedHiddenAndUserWidthsGoBackToTheStore) {
 
   GridPage again;
   setup_grid(&again, setup);
-  EXPECT_EQ(again.colWidth(2), 2600);
-  EXPECT_EQ(again.colWidth(5), 1200);
+  EXPECT_EQ(std::make_pair(again.colWidth(2), again.colWidth(5)), std::make_pair(2600, 1200));
 }
 
 }  // namespace

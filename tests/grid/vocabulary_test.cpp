@@ -75,36 +75,21 @@ TEST(Tabel, AnUnknownKeyGivesAnEmptyList) {
 
 // Inner items by list; the codes of "SQ Code_n" are upper-case hexadecimal without zeros ahead.
 TEST(Tabel, ListsKeepTheirOfferedOrder) {
-  const std::vector<std::pair<const char*, std::vector<std::pair<std::size_t, const char*>>>>
-      lists = {
-          {"Mode", {{2, "NFM"}, {3, "FM"}}},
-          {"SQ Mode", {{5, "RAN"}}},
-          {"Delay Time", {{2, "0"}}},
-          {"Alert Light", {{3, "Magenta"}}},
-          {"ufilter", {{4, "Wide Normal"}}},
-          {"Offset", {{1, "-0.600"}}},
-          {"Step", {{2, "3.125"}, {6, "8.33"}}},
-          {"servsearch", {{2, "Airband 8.33k"}}},
-          {"servsearch_eu", {{1, "Airband 8.33"}}},
-          {"SQ Code_c", {{1, "67.0"}, {13, "100.0"}}},
-          {"SQ Code_d", {{1, "023"}}},
-          {"SQ Code_n", {{9, "A"}, {15, "10"}, {254, "FF"}}},
-          {"SQ Code_dmr", {{1, "0"}}},
-          {"p25wait", {{5, "500"}}},
-          {"Service Type", {{3, "Emergency Ops"}, {29, "Custom 1"}}},
-          {"System Type BC536", {{2, "Edacs Narrow/Wide"}}},
-          {"bands", {{10, "108.00 - 136.9916"}}},
-          {"bands eu", {{16, "160.60 - 162.025"}}},
-          {"bands_name",
-           {{6, "VHF TV Broadcast 2 \xE2\x80\x93 4"},
-            {25, "Public Service Band"},
-            {29, "Public Service Band"}}},
-      };
-  for (const auto& [key, items] : lists) {
-    for (const auto& [position, word] : items) {
-      ASSERT_GT(tabel(key).size(), position) << key;
-      EXPECT_EQ(tabel(key)[position], word) << key << " at " << position;
-    }
+  // key|position|item, ';' between
+  const std::string cases =
+      "Mode|2|NFM;Mode|3|FM;SQ Mode|5|RAN;Delay Time|2|0;Alert Light|3|Magenta;"
+      "ufilter|4|Wide Normal;Offset|1|-0.600;Step|2|3.125;Step|6|8.33;servsearch|2|Airband 8.33k;"
+      "servsearch_eu|1|Airband 8.33;SQ Code_c|1|67.0;SQ Code_c|13|100.0;SQ Code_d|1|023;"
+      "SQ Code_n|9|A;SQ Code_n|15|10;SQ Code_n|254|FF;SQ Code_dmr|1|0;p25wait|5|500;"
+      "Service Type|3|Emergency Ops;Service Type|29|Custom 1;"
+      "System Type BC536|2|Edacs Narrow/Wide;bands|10|108.00 - 136.9916;"
+      "bands eu|16|160.60 - 162.025;bands_name|6|VHF TV Broadcast 2 \xE2\x80\x93 4;"
+      "bands_name|25|Public Service Band;bands_name|29|Public Service Band";
+  for (const std::string& text : split(cases, ';')) {
+    const auto c = split(text, '|');
+    const std::size_t position = std::stoul(c[1]);
+    ASSERT_GT(tabel(c[0]).size(), position) << text;
+    EXPECT_EQ(tabel(c[0])[position], c[2]) << text;
   }
 }
 
@@ -131,28 +116,15 @@ TEST(SquelchCodeKey, TheModeChoosesTheCodeList) {
 }
 
 TEST(ValueCheck, AnExactItemStandsAndAnythingElseTakesTheDefault) {
-  const auto& onOff = tabel("Avoid");
-  const auto& light = tabel("Alert Light");
-  const auto& delay = tabel("Delay Time");
-  struct Case {
-    const char* text;
-    const std::vector<std::string>* list;
-    int position;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {"On", &onOff, 0, "On"},
-      {"on", &onOff, 0, "Off"},      // case matters
-      {"", &onOff, 1, "On"},         // empty takes the default
-      {"Purple", &light, 0, "Off"},  // an unknown light reads as Off
-      {"Cyan", &light, 0, "Cyan"},
-      {"Cyan ", &light, 0, "Off"},
-      {"x", &light, 99, ""},  // a default outside the list gives nothing
-      {"x", &light, -1, ""},
-      {"-2", &delay, 4, "2"},  // older lists hold a delay of -2: no item (fileDelay keeps it)
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(valueCheck(c.text, *c.list, c.position), c.expected) << c.text;
+  // list key|text|default position|result: case matters, empty takes the default, an unknown
+  // light reads as Off, a default outside the list gives nothing; older lists hold a delay of
+  // -2 that is no item (fileDelay keeps it).
+  const std::string cases =
+      "Avoid|On|0|On;Avoid|on|0|Off;Avoid||1|On;Alert Light|Purple|0|Off;Alert Light|Cyan|0|Cyan;"
+      "Alert Light|Cyan |0|Off;Alert Light|x|99|;Alert Light|x|-1|;Delay Time|-2|4|2";
+  for (const std::string& text : split(cases, ';')) {
+    const auto c = split(text, '|');
+    EXPECT_EQ(valueCheck(c[1], tabel(c[0]), std::stoi(c[2])), c[3]) << text;
   }
 }
 
