@@ -165,6 +165,16 @@ std::vector<std::string> overviewLines(const DocumentTree& data, std::string_vie
   return lines;
 }
 
+std::vector<std::string> bucketPrintLines(const Layout& layout, std::string_view name, int decade) {
+  std::vector<std::string> lines{"QuickKeys for: " + std::string(name)};
+  for (int i = 0; i < 10; ++i) {
+    std::string line = "QuicKey " + std::to_string(i + 1) + ":";
+    for (const Item* item : bucketItems(layout, bucketKey(decade, i))) line += "  " + item->text;
+    lines.push_back(std::move(line));
+  }
+  return lines;
+}
+
 std::string loadSystemKeyFlags(Settings& settings) {
   std::string flags(kKeyCount, '1');
   for (int k = 0; k < kKeyCount; ++k)

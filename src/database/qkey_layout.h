@@ -77,6 +77,11 @@ int writeBack(Document& doc, const Layout& layout);
 // its systems, and under each system its departments and sites with their keys.
 std::vector<std::string> overviewLines(const DocumentTree& data, std::string_view title);
 
+// The printed page of one system's view: "QuickKeys for: " + the system's name, then
+// "QuicKey 1:" to "QuicKey 10:" for the ten keys of the decade on show, each followed by the
+// items on that key.
+std::vector<std::string> bucketPrintLines(const Layout& layout, std::string_view name, int decade);
+
 // The enabled state of the hundred system quick keys as "1"/"0" flags, kept in settings
 // section "qkeysrs" (one value a key, "qk0" to "qk99"; all on by default).
 std::string loadSystemKeyFlags(Settings& settings);

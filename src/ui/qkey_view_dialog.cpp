@@ -300,7 +300,14 @@ bool QkeyViewDialog::printOverview(QPrinter& printer) {
   const int line = painter.fontMetrics().lineSpacing();
   const QRect page = painter.viewport();
   int y = line;
-  for (const std::string& text : qkeys::overviewLines(copy.data, title)) {
+  std::vector<std::string> lines = qkeys::overviewLines(copy.data, title);
+  if (shownSystem_ != 0) {
+    lines.push_back("");
+    for (std::string& l : qkeys::bucketPrintLines(current(), toLatin1(systemCombo_->currentText()),
+                                                  std::max(0, combo1_->currentIndex())))
+      lines.push_back(std::move(l));
+  }
+  for (const std::string& text : lines) {
     if (y + line > page.height()) {
       printer.newPage();
       y = line;

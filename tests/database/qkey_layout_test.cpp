@@ -150,5 +150,17 @@ TEST(QkeyLayout, OverviewListsSystemsByKeyWithTheirChildrenAndNoKeyLast) {
   EXPECT_EQ(overviewLines(d.doc.data, "ZEL536"), expected);
 }
 
+TEST(QkeyLayout, PrintedSystemViewNamesTheTenKeysOfTheDecadeOnShow) {
+  Doc d;
+  Layout layout = departmentLayout(d.doc.data, 2);
+  moveTo(layout, {"GRP-999-002-001"}, 19);
+  const std::vector<std::string> lines = bucketPrintLines(layout, "Sys2", 1);
+  ASSERT_EQ(lines.size(), 11u);
+  EXPECT_EQ(lines[0], "QuickKeys for: Sys2");
+  EXPECT_EQ(lines[1], "QuicKey 1:");
+  EXPECT_EQ(lines[3], "QuicKey 3:  [SITE] North");
+  EXPECT_EQ(lines[10], "QuicKey 10:  [DEP] Police");
+}
+
 }  // namespace
 }  // namespace zel::qkeys
