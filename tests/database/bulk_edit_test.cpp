@@ -21,6 +21,16 @@ using test::frq;
 using test::markedRow;
 using test::tid;
 
+// A conventional system whose first department, Fire, holds `lines`.
+struct FireDoc : BulkDoc {
+  int conv = addSystem("New Conventional System", "Conv");
+  std::string fd;
+  explicit FireDoc(const std::vector<std::string>& lines = {markedRow(1, "154.100000", 16)})
+      : fd(firstDepartment(conv, "Fire", lines)) {
+    doc.changed = false;
+  }
+};
+
 struct ColumnCase {
   Setting setting;
   const char* value;
@@ -100,15 +110,13 @@ TEST(BulkEdit, HomePatrolRowsHaveNoAlertLightSoTheyKeepTheirLength) {
 }
 
 TEST(BulkEdit, UntickedRowsOtherPagesAndEveryOtherByteStayAsTheyWere) {
-  BulkDoc d;
-  const int conv = d.addSystem("New Conventional System", "Conv");
   // Odd but legal texts: blanks inside, quotes, an empty field and a trailing empty field.
   const std::vector<std::string> lines = {
       "1,154.100000, Fire  Main ,Off,NFM,CTCSS,123.0,Fire Dispatch,Off,2,0,Off,Auto,Red,On,,",
       "2,155.220000,\"Quoted\",On,FM,,,Law Dispatch,Off,-2,0,Off,Auto,Off,On,5,Off",
       "3,460.500000,Works,Off,AUTO,DCS,023,Public Works,On,30,3,9,15,White,Slow Blink,7,On"};
-  const std::string fd = d.firstDepartment(conv, "Fire", lines);
-  const std::string other = d.addDepartment(conv, "Other", {lines[0], lines[1]});
+  FireDoc d(lines);
+  const std::string fd = d.fd, other = d.addDepartment(d.conv, "Other", {lines[0], lines[1]});
   BulkResult r =
       applyToChannels(d.doc, d.rows, {frq(fd, 1), frq(fd, 3)}, {{Setting::Delay, "5"}}, d.feedback);
   ASSERT_TRUE(r.ok);
@@ -127,9 +135,8 @@ TEST(BulkEdit, UntickedRowsOtherPagesAndEveryOtherByteStayAsTheyWere) {
 }
 
 TEST(BulkEdit, SettingsGoInInTableOrderWhateverOrderTheyAreGiven) {
-  BulkDoc d;
-  const int conv = d.addSystem("New Conventional System", "Conv");
-  const std::string fd = d.firstDepartment(conv, "Fire", {markedRow(1, "154.100000", 16)});
+  FireDoc d;
+  const std::string fd = d.fd;
   std::vector<ChannelChange> reversed;
   for (auto it = std::rbegin(kColumns); it != std::rend(kColumns); ++it)
     reversed.push_back({it->setting, it->value});
@@ -145,13 +152,11 @@ TEST(BulkEdit, RefusalsSayTheirSentenceAndChangeNothing) {
     std::vector<ChannelChange> changes;
     const char* message;
   };
+  const char* const channels = "Please select one or more channels";
   const Case cases[] = {
-      {"no channel ticked", false, {{Setting::Delay, "5"}}, "Please select one or more channels"},
+      {"no channel ticked", false, {{Setting::Delay, "5"}}, channels},
       {"no setting ticked", true, {}, "Please select which item to change."},
-      {"neither: the channels are asked for first",
-       false,
-       {},
-       "Please select one or more channels"},
+      {"neither: the channels are asked for first", false, {}, channels},
       {"a word off the list",
        true,
        {{Setting::Mode, "FM"}, {Setting::Delay, "7"}},
@@ -159,10 +164,8 @@ TEST(BulkEdit, RefusalsSayTheirSentenceAndChangeNothing) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    BulkDoc d;
-    const int conv = d.addSystem("New Conventional System", "Conv");
-    const std::string fd = d.firstDepartment(conv, "Fire", {markedRow(1, "154.100000", 16)});
-    d.doc.changed = false;
+    FireDoc d;
+    const std::string fd = d.fd;
     std::vector<std::string> keys;
     if (c.withRows) keys.push_back(frq(fd, 1));
     BulkResult r = applyToChannels(d.doc, d.rows, keys, c.changes, d.feedback);
@@ -180,12 +183,10 @@ TEST(BulkEdit, KeysThatLeadNowhereAndValuesAlreadyThereChangeNothing) {
   const std::string row = "1,154.100000,A,Off,FM,,,Other,Off,5";
   for (bool nowhere : {true, false}) {
     SCOPED_TRACE(nowhere ? "nowhere" : "same value");
-    BulkDoc d;
-    const int conv = d.addSystem("New Conventional System", "Conv");
-    const std::string fd = d.firstDepartment(conv, "Fire", {row});
-    d.doc.changed = false;
+    FireDoc d({row});
+    const std::string fd = d.fd;
     const std::vector<std::string> ticked =
-        nowhere ? std::vector<std::string>{frq(fd, 2), keys::channel(conv, 55, 1), "junk"}
+        nowhere ? std::vector<std::string>{frq(fd, 2), keys::channel(d.conv, 55, 1), "junk"}
                 : std::vector<std::string>{frq(fd, 1)};
     BulkResult r = applyToChannels(d.doc, d.rows, ticked, {{Setting::Delay, "5"}}, d.feedback);
     EXPECT_TRUE(r.ok);
