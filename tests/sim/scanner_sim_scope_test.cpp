@@ -4,6 +4,7 @@
 
 #include <map>
 #include <set>
+#include <tuple>
 
 #include "core/text.h"
 #include "sim/scanner_sim.h"
@@ -29,18 +30,17 @@ struct Scope {
     sim = std::make_unique<ScannerSim>(o);
     sim->advance(0);
   }
+  // Commands each answered "XXX,OK".
+  void send(std::initializer_list<std::string> commands) {
+    for (const std::string& c : commands) ASSERT_EQ(sim->answer(c), c.substr(0, 3) + ",OK\r") << c;
+  }
   // The bandscope's sequence with one range on.
   void program(const std::string& range, int slot = 0) {
     std::string flags = "1111111111";
     flags[slot] = '0';
-    for (std::string c : {"VOL,0", "SQL,3", "CSC,OFF", "KEY,H,P", "PRG"})
-      ASSERT_EQ(sim->answer(c), c.substr(0, 3) + ",OK\r") << c;
-    ASSERT_EQ(
-        sim->answer("CSP," + std::to_string(slot) + ",TORVO BANDSCOPE," + range + ",NFM,0,2,1,400"),
-        "CSP,OK\r");
-    ASSERT_EQ(sim->answer("CSG," + flags), "CSG,OK\r");
-    for (std::string c : {"EPG", "CSC,ON", "KEY,>,P"})
-      ASSERT_EQ(sim->answer(c), c.substr(0, 3) + ",OK\r") << c;
+    send({"VOL,0", "SQL,3", "CSC,OFF", "KEY,H,P", "PRG",
+          "CSP," + std::to_string(slot) + ",TORVO BANDSCOPE," + range + ",NFM,0,2,1,400",
+          "CSG," + flags, "EPG", "CSC,ON", "KEY,>,P"});
   }
   std::string raw(std::int64_t forMs) {
     std::string out;
@@ -104,30 +104,28 @@ TEST(ScannerSimScope, CommandsAnswerInAndOutOfProgramMode) {
 
 TEST(ScannerSimScope, PrgEntersAndEpgLeavesProgramMode) {
   Scope s;
-  EXPECT_EQ(s.sim->answer("PRG"), "PRG,OK\r");
+  s.send({"PRG"});
   EXPECT_TRUE(s.sim->scope().programMode());
-  EXPECT_EQ(s.sim->answer("EPG"), "EPG,OK\r");
+  s.send({"EPG"});
   EXPECT_FALSE(s.sim->scope().programMode());
   EXPECT_EQ(s.sim->answer("CSG,0000000000"), "CSG,NG\r");
 }
 
 TEST(ScannerSimScope, RangeAndFlagsAreStoredAndReadBack) {
   Scope s;
-  ASSERT_EQ(s.sim->answer("PRG"), "PRG,OK\r");
+  s.send({"PRG"});
   EXPECT_EQ(s.sim->answer("CSP,3"), "CSP,3,Air,01080000,01369916,833,AM,0,2,1,400\r");
-  ASSERT_EQ(s.sim->answer("CSP,3,TORVO BANDSCOPE,1460000,1470000,500,FM,1,2,1,400"), "CSP,OK\r");
+  s.send({"CSP,3,TORVO BANDSCOPE,1460000,1470000,500,FM,1,2,1,400"});
   EXPECT_EQ(s.sim->answer("CSP,3"), "CSP,3,TORVO BANDSCOPE,01460000,01470000,500,FM,1,2,1,400\r");
   EXPECT_EQ(s.sim->answer("CSP,4").substr(0, 19), "CSP,4,Military Air,");  // others untouched
   EXPECT_EQ(s.sim->answer("CSG"), "CSG,0111111111\r");
-  ASSERT_EQ(s.sim->answer("CSG,1110111111"), "CSG,OK\r");
+  s.send({"CSG,1110111111"});
   EXPECT_EQ(s.sim->answer("CSG"), "CSG,1110111111\r");
   ASSERT_EQ(s.sim->answer("CSG,11101111"), "CSG,NG\r");
   EXPECT_EQ(s.sim->answer("CSG"), "CSG,1110111111\r");  // a refused CSG keeps the flags
   const SimSearchRange& r = s.sim->scope().range(3);
-  EXPECT_EQ(r.low, 1460000);
-  EXPECT_EQ(r.high, 1470000);
-  EXPECT_EQ(r.stepCode, 500);
-  EXPECT_TRUE(r.attenuator);
+  EXPECT_EQ(std::make_tuple(r.low, r.high, r.stepCode, r.attenuator),
+            std::make_tuple(1460000, 1470000, 500, true));
 }
 
 TEST(ScannerSimScope, StreamSweepsTheRangeByTheStepAndWraps) {
@@ -171,12 +169,8 @@ TEST(ScannerSimScope, StreamRateFollowsTheOption) {
 
 TEST(ScannerSimScope, EnabledRangesAreSweptInTurn) {
   Scope s;
-  ASSERT_EQ(s.sim->answer("PRG"), "PRG,OK\r");
-  ASSERT_EQ(s.sim->answer("CSP,1,A,1460000,1460100,500,NFM,0,2,1,400"), "CSP,OK\r");
-  ASSERT_EQ(s.sim->answer("CSP,6,B,4600000,4600050,500,NFM,0,2,1,400"), "CSP,OK\r");
-  ASSERT_EQ(s.sim->answer("CSG,1011110111"), "CSG,OK\r");
-  ASSERT_EQ(s.sim->answer("EPG"), "EPG,OK\r");
-  ASSERT_EQ(s.sim->answer("CSC,ON"), "CSC,OK\r");
+  s.send({"PRG", "CSP,1,A,1460000,1460100,500,NFM,0,2,1,400",
+          "CSP,6,B,4600000,4600050,500,NFM,0,2,1,400", "CSG,1011110111", "EPG", "CSC,ON"});
   const std::vector<std::string> cycle{"01460000", "01460050", "01460100", "04600000", "04600050"};
   const std::vector<Line> lines = s.read(20);
   ASSERT_EQ(lines.size(), 20u);
@@ -238,10 +232,10 @@ TEST(ScannerSimScope, CscOffStopsTheStreamAndCscOnStartsAgainAtTheLowEdge) {
   Scope s;
   s.program("1460000,1461000,1250");
   ASSERT_FALSE(s.read(30).empty());
-  EXPECT_EQ(s.sim->answer("CSC,OFF"), "CSC,OK\r");
+  s.send({"CSC,OFF"});
   EXPECT_FALSE(s.sim->scope().streaming());
   EXPECT_EQ(s.raw(500), "");
-  EXPECT_EQ(s.sim->answer("CSC,ON"), "CSC,OK\r");
+  s.send({"CSC,ON"});
   auto lines = s.read(20);
   ASSERT_EQ(lines.size(), 20u);
   EXPECT_EQ(lines[0].frequency, "01460000");
@@ -265,12 +259,8 @@ TEST(ScannerSimScope, ARangeDisabledByCsgGivesNoStream) {
   for (const Case& c : {Case{"1111111111", "", ""}, Case{"1101111111", "01460000", "01461000"},
                         Case{"1011111111", "01480000", "01740000"}}) {  // slot 1's own range
     Scope s;
-    ASSERT_EQ(s.sim->answer("PRG"), "PRG,OK\r");
-    ASSERT_EQ(s.sim->answer("CSP,2,TORVO BANDSCOPE,1460000,1461000,1250,NFM,0,2,1,400"),
-              "CSP,OK\r");
-    ASSERT_EQ(s.sim->answer(std::string("CSG,") + c.flags), "CSG,OK\r");
-    ASSERT_EQ(s.sim->answer("EPG"), "EPG,OK\r");
-    EXPECT_EQ(s.sim->answer("CSC,ON"), "CSC,OK\r");
+    s.send({"PRG", "CSP,2,TORVO BANDSCOPE,1460000,1461000,1250,NFM,0,2,1,400",
+            std::string("CSG,") + c.flags, "EPG", "CSC,ON"});
     if (*c.low == '\0') {
       EXPECT_EQ(s.raw(200), "") << c.flags;
       continue;
