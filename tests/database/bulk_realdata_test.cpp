@@ -49,35 +49,24 @@ struct Case {
   const char* file;  // under the corpus folder
   Scope scope;
   const char* department;
-  ChannelChange change;
+  Setting setting;
+  const char* value;
   int column;        // the page-row column the setting writes
   const char* tag;   // the channel lines of the file
   int fileField;     // the field of the setting in those lines (TAB-separated)
   int expectedRows;  // channels of the department
 };
 
-const Case kCases[] = {
-    {"card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd",
-     Scope::TalkGroups,
-     "North Royalton",
-     {Setting::Delay, "5"},
-     6,
-     "TGID",
-     8,
-     4},
-    {"card_sds200/BCDx36HP/favorites_lists/f_000001.hpd",
-     Scope::Frequencies,
-     "Department of Energy - Lawrence Berkeley National Laboratory",
-     {Setting::Mode, "AM"},
-     4,
-     "C-Freq",
-     6,
-     1},
-};
+const Case kCases[] = {{"card_bcd536hp/BCDx36HP/favorites_lists/f_000001.hpd", Scope::TalkGroups,
+                        "North Royalton", Setting::Delay, "5", 6, "TGID", 8, 4},
+                       {"card_sds200/BCDx36HP/favorites_lists/f_000001.hpd", Scope::Frequencies,
+                        "Department of Energy - Lawrence Berkeley National Laboratory",
+                        Setting::Mode, "AM", 4, "C-Freq", 6, 1}};
 
 TEST(BulkRealData, OneSettingOnOneDepartmentChangesOnlyThatFieldOfItsLines) {
   for (const Case& c : kCases) {
     SCOPED_TRACE(c.file);
+    const ChannelChange change{c.setting, c.value};
     const std::string source = std::string(ZEL_REALDATA_DIR) + "/" + c.file;
     if (!fs::exists(source)) GTEST_SKIP() << "no real card files beside the checkout";
     TestFolder dir;
@@ -91,7 +80,7 @@ TEST(BulkRealData, OneSettingOnOneDepartmentChangesOnlyThatFieldOfItsLines) {
     const std::vector<ChannelEntry> channels = listChannels(list.doc, list.rows, c.scope, 0);
     const std::vector<std::string> ticked = channelsOfDepartments(channels, {deptKey});
     ASSERT_EQ(static_cast<int>(ticked.size()), c.expectedRows);
-    BulkResult r = applyToChannels(list.doc, list.rows, ticked, {c.change}, list.quiet);
+    BulkResult r = applyToChannels(list.doc, list.rows, ticked, {change}, list.quiet);
     ASSERT_TRUE(r.ok) << r.message;
     EXPECT_EQ(r.changed, c.expectedRows);  // none held the value before
     const std::string changed = dir.file("changed.hpd");
@@ -106,7 +95,7 @@ TEST(BulkRealData, OneSettingOnOneDepartmentChangesOnlyThatFieldOfItsLines) {
       const std::vector<std::string> rows = back.rows.load(n.key);
       if (n.key == deptKey) {
         ASSERT_EQ(static_cast<int>(rows.size()), c.expectedRows);
-        for (const std::string& row : rows) EXPECT_EQ(record::field(row, c.column), c.change.value);
+        for (const std::string& row : rows) EXPECT_EQ(record::field(row, c.column), change.value);
       } else {
         EXPECT_EQ(rows, untouched.rows.load(n.key)) << n.name;
       }
@@ -126,7 +115,7 @@ TEST(BulkRealData, OneSettingOnOneDepartmentChangesOnlyThatFieldOfItsLines) {
       ASSERT_EQ(a.size(), b.size());
       for (std::size_t f = 0; f < a.size(); ++f) {
         if (static_cast<int>(f) == c.fileField) {
-          EXPECT_EQ(a[f], c.change.value);
+          EXPECT_EQ(a[f], change.value);
         } else {
           EXPECT_EQ(a[f], b[f]) << "field " << f << " of " << after[i];
         }
