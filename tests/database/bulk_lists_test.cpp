@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "database/bulk_test_support.h"
 
 namespace zel::bulk {
@@ -77,8 +79,7 @@ TEST(BulkLists, NodesOfOneSystemOrOfAll) {
     EXPECT_EQ(keysOf(listNodes(d.doc, c.scope, c.system)), c.keys);
   }
   const std::vector<NodeEntry> ems = listNodes(d.doc, Scope::Frequencies, d.conv);
-  EXPECT_EQ(ems[1].name, "EMS");
-  EXPECT_EQ(ems[1].systemName, "County Fire");
+  EXPECT_EQ(ems[1].name + "|" + ems[1].systemName, "EMS|County Fire");
 }
 
 TEST(BulkLists, ChannelsCarryKeysToTheirRowsAndOnlyTheScopesKindUnderItsHeadings) {
@@ -87,11 +88,8 @@ TEST(BulkLists, ChannelsCarryKeysToTheirRowsAndOnlyTheScopesKindUnderItsHeadings
   d.rows.append(d.ems, {"2,4501,Stray,Off"});
   const std::vector<ChannelEntry> freq = listChannels(d.doc, d.rows, Scope::Frequencies, d.conv);
   ASSERT_EQ(freq.size(), 3u);
-  EXPECT_EQ(freq[1].key, test::frq(d.fire, 2));
-  EXPECT_EQ(freq[1].row, 2);
-  EXPECT_EQ(freq[1].first, "154.250000");
-  EXPECT_EQ(freq[1].name, "Fire Tac");
-  EXPECT_EQ(freq[1].departmentName, "Fire");
+  EXPECT_EQ(std::tie(freq[1].key, freq[1].row, freq[1].first, freq[1].name, freq[1].departmentName),
+            std::make_tuple(test::frq(d.fire, 2), 2, "154.250000", "Fire Tac", "Fire"));
   EXPECT_EQ(freq[2].department, d.ems);
   EXPECT_EQ(departmentOfChannel(freq[2].key), d.ems);
 
