@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "core/memory_ports.h"
+#include "core/text.h"
 #include "grid/vocabulary.h"
 #include "grid_test_support.h"
 
@@ -108,43 +109,30 @@ TEST_F(EditModelTest, TheNameColumnRefusesACommaAndStopsAt64Characters) {
 
 // Each key of `keys` on an empty cell of the column gives the text at the same place.
 TEST_F(EditModelTest, ShortcutTable) {
-  struct Case {
-    const char* heading;
-    const char* keys;
-    std::vector<const char*> texts;
-  } cases[] = {
-      {"Mode", "uTOaFnWbx", {"AUTO", "AUTO", "AUTO", "AM", "FM", "NFM", "WFM", "FMB", ""}},
-      {"SQ Mode", "0nTdPrIs", {"All", "All", "CTCSS", "DCS", "P25", "RAN", "IDAS", "Search"}},
-      {"SQ Code", "S", {"Search"}},
-      {"Delay Time", "F1Nd35-", {"0", "10", "2", "2", "30", "5", "-5"}},
-      {"Volume Offset", "3-", {"3", "-1"}},
-      {"Alert Light", "fMy", {"Off", "Magenta", "Yellow"}},
-      {"Alert Pattern", "OsF", {"On", "Slow Blink", "Fast Blink"}},
-      {"AudioType", "LaD", {"All", "Analog", "Digital"}},
-      {"Alert Tone", "F", {"Off"}},
-      {"Alert Level", "A0", {"Auto", "10"}},
-      {"DMR Tslot", "a2", {"Any", "2"}},
-      {"Avoid", "N", {"On"}},
-      {"Priority", "1", {"On"}},
-  };
-  for (const Case& c : cases) {
-    ASSERT_EQ(std::string(c.keys).size(), c.texts.size()) << c.heading;
-    for (std::size_t i = 0; i < c.texts.size(); ++i)
-      EXPECT_EQ(EditModel::shortcut(c.heading, c.keys[i], ""), c.texts[i])
-          << c.heading << " '" << c.keys[i] << "'";
+  // heading|keys|the text of each key, ',' between
+  const std::string cases =
+      "Mode|uTOaFnWbx|AUTO,AUTO,AUTO,AM,FM,NFM,WFM,FMB,;"
+      "SQ Mode|0nTdPrIs|All,All,CTCSS,DCS,P25,RAN,IDAS,Search;SQ Code|S|Search;"
+      "Delay Time|F1Nd35-|0,10,2,2,30,5,-5;Volume Offset|3-|3,-1;"
+      "Alert Light|fMy|Off,Magenta,Yellow;Alert Pattern|OsF|On,Slow Blink,Fast Blink;"
+      "AudioType|LaD|All,Analog,Digital;Alert Tone|F|Off;Alert Level|A0|Auto,10;"
+      "DMR Tslot|a2|Any,2;Avoid|N|On;Priority|1|On";
+  for (const std::string& text : split(cases, ';')) {
+    const auto c = split(text, '|');
+    const auto texts = split(c[2], ',');
+    ASSERT_EQ(c[1].size(), texts.size()) << text;
+    for (std::size_t i = 0; i < texts.size(); ++i)
+      EXPECT_EQ(EditModel::shortcut(c[0], c[1][i], ""), texts[i]) << c[0] << " '" << c[1][i] << "'";
   }
   // Minus turns the cell's value negative where the list has it; "0" on "On" is Off.
-  const struct {
-    const char* heading;
-    char key;
-    const char* current;
-    const char* text;
-  } onAValue[] = {{"Delay Time", '-', "5", "-5"},    {"Delay Time", '-', "2", "-2"},
-                  {"Delay Time", '-', "10", "-10"},  {"Delay Time", '-', "30", ""},
-                  {"Volume Offset", '-', "2", "-2"}, {"Volume Offset", '-', "3", "-3"},
-                  {"Avoid", '0', "On", "Off"}};
-  for (const auto& c : onAValue)
-    EXPECT_EQ(EditModel::shortcut(c.heading, c.key, c.current), c.text) << c.heading << c.current;
+  // heading|key|cell|text
+  const std::string onAValue =
+      "Delay Time|-|5|-5;Delay Time|-|2|-2;Delay Time|-|10|-10;Delay Time|-|30|;"
+      "Volume Offset|-|2|-2;Volume Offset|-|3|-3;Avoid|0|On|Off";
+  for (const std::string& text : split(onAValue, ';')) {
+    const auto c = split(text, '|');
+    EXPECT_EQ(EditModel::shortcut(c[0], c[1][0], c[2]), c[3]) << text;
+  }
   EXPECT_EQ(EditModel::shortcut("Delay Time", 0, "", true), "2");
 }
 
