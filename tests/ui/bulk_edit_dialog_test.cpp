@@ -1,7 +1,6 @@
-// The Bulk Channel Editor under the offscreen platform, over a favorites list from a real
-// scanner card: a system picked, a department ticked, its channels selected, one setting
-// ticked and applied, and the page rows changed in that column only; the panels of each
-// scope, the two refusals, the GPS buttons, and what the window remembers.
+// The Bulk Channel Editor over a favorites list from a real card: one ticked setting applied
+// to the chosen channels changes that column only; the panels of each scope, the two
+// refusals, the GPS buttons, and what the window remembers.
 #include "ui/bulk_edit_dialog.h"
 
 #include <QCheckBox>
@@ -46,6 +45,13 @@ struct Fixture : test::SessionFixture {
 
 using test::child;
 using test::click;
+
+// The line `after` with the fields `fields` put back as in `before`.
+std::string restored(std::string after, const std::string& before,
+                     std::initializer_list<int> fields) {
+  for (int n : fields) after = record::withField(after, n, record::field(before, n));
+  return after;
+}
 
 QStringList comboItems(QComboBox* combo) {
   QStringList out;
@@ -116,7 +122,7 @@ class BulkEditDialogTest : public QObject {
     for (std::size_t i = 0; i < after.size(); ++i) {
       QCOMPARE(record::field(after[i], 6), std::string("5"));
       // Every other column stays as it was, the unticked alert tone included.
-      QCOMPARE(record::withField(after[i], 6, record::field(before[i], 6)), before[i]);
+      QCOMPARE(restored(after[i], before[i], {6}), before[i]);
     }
     QCOMPARE(f.session.pages().load(strongsville), others);
   }
@@ -125,40 +131,31 @@ class BulkEditDialogTest : public QObject {
     NEED_CARD();
     Fixture f;
     auto d = f.open();
+    const QString conv1 = "Southwest/South Central Region", conv2 = "Cuyahoga Valley Region";
     struct Case {
       int scope;
-      bool attenuator;
-      bool audioType;
-      bool settings;
-      bool gps;
-      bool location;
-      bool modulation;
+      const char* shown;    // the panels on show
       QStringList systems;  // after the head entry
     };
-    const QString conv1 = "Southwest/South Central Region";
-    const QString conv2 = "Cuyahoga Valley Region";
     const Case cases[] = {
-        {3, false, true, true, false, false, false, {kP25Name}},
-        {4, true, false, true, false, false, false, {conv1, conv2}},
-        {0, false, false, false, true, true, false, {kP25Name, conv1, conv2}},
-        {1, false, false, false, true, true, true, {kP25Name}},
-        {2, false, false, false, true, false, false, {kP25Name, conv1, conv2}},
+        {3, "check1_1 frm_settings ListView1", {kP25Name}},
+        {4, "check1_4 cmb_s_4 frm_settings ListView1", {conv1, conv2}},
+        {0, "frm_gps Text1", {kP25Name, conv1, conv2}},
+        {1, "frm_gps Text1 chkModulation", {kP25Name}},
+        {2, "frm_gps", {kP25Name, conv1, conv2}},
     };
     for (const Case& c : cases) {
       d->setScope(static_cast<bulk::Scope>(c.scope));
-      const QString trace = QString("scope %1").arg(c.scope);
-      QVERIFY2(child<QRadioButton>(d.get(), QString("Option2_%1").arg(c.scope))->isChecked(),
-               qPrintable(trace));
-      QCOMPARE(child<QCheckBox>(d.get(), "check1_4")->isVisible(), c.attenuator);
-      QCOMPARE(child<QComboBox>(d.get(), "cmb_s_4")->isVisible(), c.attenuator);
-      QCOMPARE(child<QCheckBox>(d.get(), "check1_1")->isVisible(), c.audioType);
-      QCOMPARE(child<QWidget>(d.get(), "frm_settings")->isVisible(), c.settings);
-      QCOMPARE(child<QWidget>(d.get(), "ListView1")->isVisible(), c.settings);
-      QCOMPARE(child<QWidget>(d.get(), "frm_gps")->isVisible(), c.gps);
-      QCOMPARE(child<QWidget>(d.get(), "Text1")->isVisible(), c.location);
-      QCOMPARE(child<QWidget>(d.get(), "chkModulation")->isVisible(), c.modulation);
-      QCOMPARE(comboItems(child<QComboBox>(d.get(), "Combo1")),
-               QStringList{"   < All Systems >"} + c.systems);
+      QVERIFY(child<QRadioButton>(d.get(), QString("Option2_%1").arg(c.scope))->isChecked());
+      QStringList shown;
+      for (const char* panel : {"check1_4", "cmb_s_4", "check1_1", "frm_settings", "ListView1",
+                                "frm_gps", "Text1", "chkModulation"})
+        if (child<QWidget>(d.get(), panel)->isVisible()) shown << panel;
+      const QString systems = comboItems(child<QComboBox>(d.get(), "Combo1")).join(',');
+      QCOMPARE(QString("%1: %2 | %3").arg(c.scope).arg(shown.join(' '), systems),
+               QString("%1: %2 | %3")
+                   .arg(c.scope)
+                   .arg(c.shown, (QStringList{"   < All Systems >"} + c.systems).join(',')));
     }
     QCOMPARE(child<QCheckBox>(d.get(), "check1_1")->text(), QString("AudioType:"));
     QCOMPARE(child<QCheckBox>(d.get(), "check1_4")->text(), QString("Attenuator:"));
@@ -208,14 +205,10 @@ class BulkEditDialogTest : public QObject {
     QVERIFY(d->tickNode(key));
     click(d.get(), "Command3");
     const std::string after = treemod::getText(f.session.document().data, key);
-    QCOMPARE(record::field(after, 6), std::string("41.400000"));
-    QCOMPARE(record::field(after, 7), std::string("-81.600000"));
-    QCOMPARE(record::field(after, 8), std::string("25"));
     QCOMPARE(
-        record::withField(record::withField(record::withField(after, 6, record::field(before, 6)),
-                                            7, record::field(before, 7)),
-                          8, record::field(before, 8)),
-        before);
+        record::field(after, 6) + " " + record::field(after, 7) + " " + record::field(after, 8),
+        std::string("41.400000 -81.600000 25"));
+    QCOMPARE(restored(after, before, {6, 7, 8}), before);
     QCOMPARE(f.changes, 1);
 
     // Paste GPS copies the county centre fields.

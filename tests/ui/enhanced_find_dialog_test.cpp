@@ -31,7 +31,7 @@ class EnhancedFindDialogTest : public QObject {
     const int sys = f.addSystem();
     const std::string shown = f.firstDepartment(sys);
     f.fill(shown, {"1,154.100000,Fire Main,Off,NFM", "2,155.220000,Police,Off,FM"});
-    const std::string other = f.addDepartment(
+    f.addDepartment(
         sys, {"1,154.1,Fire Two,Off,AM", "2,460.5,Works,Off,FM", "3,154.1000,Fire Three,Off,FM"});
     const int sys2 = f.addSystem();
     f.addDepartment(sys2, {"1,154.100000,Elsewhere,Off,FM", "2,155.220000,Far,Off,FM"});
@@ -45,9 +45,9 @@ class EnhancedFindDialogTest : public QObject {
     QTreeWidget* list = d.list();
     // The search starts from a timer once the window is up.
     QTRY_COMPARE(list->topLevelItemCount(), 3);
-    QCOMPARE(column(list, 1), (QStringList{"ORG:154.100000", "DUP:154.1", "DUP:154.1000"}));
-    QCOMPARE(column(list, 3), (QStringList{"Fire Main", "Fire Two", "Fire Three"}));
-    QCOMPARE(column(list, 2), (QStringList{"NFM", "AM", "FM"}));  // field 4
+    QCOMPARE(column(list, 1) + column(list, 3) + column(list, 2),  // field 4 in column 2
+             (QStringList{"ORG:154.100000", "DUP:154.1", "DUP:154.1000", "Fire Main", "Fire Two",
+                          "Fire Three", "NFM", "AM", "FM"}));
     QCOMPARE(column(list, 8).first(), QString::fromStdString("FRQ-001-001-0001"));
     QCOMPARE(d.progressBar()->value(), 100);
     QVERIFY(f.feedback.messages.empty());
@@ -57,7 +57,6 @@ class EnhancedFindDialogTest : public QObject {
     QVERIFY(d.prepare(dups::Selector::FrequenciesOneSystem));
     d.runSearch();
     QCOMPARE(list->topLevelItemCount(), 0);
-    (void)other;
   }
 
   void theDuplicatesSubmenuStartsItsSearches() {

@@ -1,8 +1,6 @@
-// The card manager under the offscreen platform, on a simulated card and on a copy of a
-// real SDS200 card: detection, a list written from the document and read back into it,
-// deletion with its backups, the key columns with the question at close, Service Search,
-// orphans, and the gate when no card is found. Questions are answered by the recording
-// feedback.
+// The card manager on a simulated card and on a copy of a real SDS200 card: detection, a list
+// written and read back, deletion with its backups, the key columns with the question at
+// close, Service Search, orphans, and the gate when no card is found.
 #include "ui/patrol_window.h"
 
 #include <QCheckBox>
@@ -25,15 +23,7 @@
 using namespace zel;
 namespace fs = std::filesystem;
 
-namespace {
-
 using test::slurp;
-
-bool exists(const std::string& path) {
-  return fs::exists(path);
-}
-
-}  // namespace
 
 class PatrolWindowTest : public QObject {
   Q_OBJECT
@@ -70,6 +60,17 @@ class PatrolWindowTest : public QObject {
       return window->listView()->topLevelItem(row)->text(column);
     }
     std::string config() const { return slurp(lists + "/f_list.cfg"); }
+    QString question() const { return QString::fromStdString(feedback.questions.back()); }
+    QString setting(const char* section, const char* key) {
+      return QString::fromStdString(Settings(store).getPlain(section, key, ""));
+    }
+    // Selects list `number` alone and clicks Delete, answering Yes.
+    void deleteList(int number) {
+      window->listView()->clearSelection();
+      QVERIFY(window->selectList(number));
+      feedback.answers = {Answer::Yes};
+      click("Command4");
+    }
     void readList(int number) {
       window->listView()->clearSelection();
       QVERIFY(window->selectList(number));
@@ -86,15 +87,11 @@ class PatrolWindowTest : public QObject {
     QVERIFY(f.window->label3Text().startsWith(" BCDx36HP/3600/SDS detected at drive "));
     QVERIFY(f.window->label3Text().contains("Firmware=1.05.04"));
     QCOMPARE(f.window->listView()->topLevelItemCount(), 2);
-    QCOMPARE(f.rowText(0, 1), QString("Lake County Fire"));
-    QCOMPARE(f.rowText(0, 2), QString("f_000001.hpd"));
-    QCOMPARE(f.rowText(0, 5), QString("1 / FQK: Off"));
-    QCOMPARE(f.rowText(1, 1), QString("County P25"));
-    QCOMPARE(f.rowText(0, 6).size(), 10);
-    QCOMPARE(f.rowText(0, 7).size(), 100);
-    Settings settings(f.store);
-    QCOMPARE(QString::fromStdString(settings.getPlain("general", "firmware", "")),
-             QString("1.05.04"));
+    QCOMPARE((QStringList{f.rowText(0, 1), f.rowText(0, 2), f.rowText(0, 5), f.rowText(1, 1)}),
+             (QStringList{"Lake County Fire", "f_000001.hpd", "1 / FQK: Off", "County P25"}));
+    QCOMPARE(QString("%1,%2").arg(f.rowText(0, 6).size()).arg(f.rowText(0, 7).size()),
+             QString("10,100"));
+    QCOMPARE(f.setting("general", "firmware"), QString("1.05.04"));
   }
 
   void withoutACardEveryTransferIsGated() {
@@ -119,7 +116,7 @@ class PatrolWindowTest : public QObject {
     f.child<QLineEdit>("Text1")->setText("Mine");
     f.click("Command13");
     QCOMPARE(QString::fromStdString(f.feedback.messages.back()), QString("No systems to upload"));
-    QVERIFY(!exists(f.lists + "/f_000003.hpd"));
+    QVERIFY(!fs::exists(f.lists + "/f_000003.hpd"));
 
     f.readList(1);
     QVERIFY(f.session.document().data.contains("SYS-001"));
@@ -130,7 +127,7 @@ class PatrolWindowTest : public QObject {
     f.child<QCheckBox>("Check6")->setChecked(true);
     f.click("Command13");
     QCOMPARE(f.window->label3Text(), QString("Save finished."));
-    QVERIFY(exists(f.lists + "/f_000003.hpd"));
+    QVERIFY(fs::exists(f.lists + "/f_000003.hpd"));
     QVERIFY(slurp(f.lists + "/f_000003.hpd").find("Lake County Fire") != std::string::npos);
     QCOMPARE(f.window->listView()->topLevelItemCount(), 3);
     QCOMPARE(f.rowText(2, 8), QString("saved"));
@@ -139,7 +136,7 @@ class PatrolWindowTest : public QObject {
     f.child<QCheckBox>("Check9")->setChecked(true);
     f.feedback.answers = {Answer::No};
     f.readList(3);
-    QCOMPARE(QString::fromStdString(f.feedback.questions.back()),
+    QCOMPARE(f.question(),
              QString("Warning|This will delete all existing data.\nIf not saved, data is lost!\n"
                      "Continue without saving?"));
     QVERIFY(!f.session.document().data.contains("SYS-002"));
@@ -156,16 +153,13 @@ class PatrolWindowTest : public QObject {
     combo->setCurrentIndex(combo->findData(3));
     f.feedback.answers = {Answer::No};
     f.click("Command13");
-    QCOMPARE(QString::fromStdString(f.feedback.questions.back()),
+    QCOMPARE(f.question(),
              QString("|Warning, data in existing Favorite List will be lost, Continue?"));
-    QVERIFY(!exists(f.lists + "/f_000003.bac"));
+    QVERIFY(!fs::exists(f.lists + "/f_000003.bac"));
 
     // Deleting keeps the list as .bac (the backups themselves: transfer tests).
-    f.window->listView()->clearSelection();
-    QVERIFY(f.window->selectList(3));
-    f.feedback.answers = {Answer::Yes};
-    f.click("Command4");
-    QVERIFY(!exists(f.lists + "/f_000003.hpd"));
+    f.deleteList(3);
+    QVERIFY(!fs::exists(f.lists + "/f_000003.hpd"));
     QCOMPARE(slurp(f.lists + "/f_000003.bac"), before);
     QCOMPARE(f.window->listView()->topLevelItemCount(), 2);
   }
@@ -188,17 +182,14 @@ class PatrolWindowTest : public QObject {
 
     f.feedback.answers = {Answer::Yes};
     QVERIFY(f.window->close());
-    QCOMPARE(QString::fromStdString(f.feedback.questions.back()),
-             QString("|Save new Favorites Config file?"));
+    QCOMPARE(f.question(), QString("|Save new Favorites Config file?"));
     const std::string written = f.config();
     const auto county = written.find("County P25\tf_000002.hpd\tOff\tOn\t1\t");
     const auto lake = written.find("Lake County Fire\tf_000001.hpd\tOff\tOn\t0\t");
     QVERIFY(county != std::string::npos && lake != std::string::npos);
     QVERIFY(county < lake);
-    Settings settings(f.store);
-    QCOMPARE(QString::fromStdString(settings.getPlain("scanner", "startup", "")), QString("1"));
-    QCOMPARE(QString::fromStdString(settings.getPlain("scanner", "include_drive_d", "")),
-             QString("0"));
+    QCOMPARE(f.setting("scanner", "startup") + f.setting("scanner", "include_drive_d"),
+             QString("10"));  // startup 1, include_drive_d 0
   }
 
   // The profile's keys themselves: the card command's tests.
@@ -221,7 +212,7 @@ class PatrolWindowTest : public QObject {
 
     f.click("Command11_0");  // CB
     QVERIFY(!f.child<QPushButton>("Command11_0")->isEnabled());
-    QVERIFY(exists(f.lists + "/favorites_000003.hpd"));
+    QVERIFY(fs::exists(f.lists + "/favorites_000003.hpd"));
     QVERIFY(f.window->viewChanged());  // f_list.cfg takes the row when the view is saved
 
     // Keeping an orphan copies it to the next free number; deleting one asks first.
@@ -231,10 +222,9 @@ class PatrolWindowTest : public QObject {
     QVERIFY(f.window->selectOrphan("f_000007.hpd"));
     f.feedback.answers = {Answer::Yes};
     f.click("Command4");
-    QCOMPARE(QString::fromStdString(f.feedback.questions.back()),
-             QString("|Are you sure you want to delete the selected files?"));
-    QVERIFY(!exists(f.lists + "/f_000007.hpd"));
-    QVERIFY(exists(f.lists + "/f_000004.hpd"));
+    QCOMPARE(f.question(), QString("|Are you sure you want to delete the selected files?"));
+    QVERIFY(!fs::exists(f.lists + "/f_000007.hpd"));
+    QVERIFY(fs::exists(f.lists + "/f_000004.hpd"));
   }
 
   void aRealSdsCardRoundTrips() {
@@ -245,7 +235,8 @@ class PatrolWindowTest : public QObject {
     fs::create_directories(root / "favorites_lists");
     for (const char* file : {"scanner.inf", "profile.cfg", "favorites_lists/f_list.cfg",
                              "favorites_lists/f_000001.hpd"}) {
-      fs::copy_file(real / file, root / file);
+      fs::copy_file(real / file, root / file);  // the corpus is read-only, the copy must not be
+      fs::permissions(root / file, fs::perms::owner_write, fs::perm_options::add);
     }
     f.roots.add(f.dir.file("real"));
     f.lists = (root / "favorites_lists").string();
@@ -258,14 +249,11 @@ class PatrolWindowTest : public QObject {
     f.child<QLineEdit>("Text1")->setText("Copy");
     f.click("Command13");
     QCOMPARE(f.window->label3Text(), QString("Save finished."));
-    QVERIFY(exists(f.lists + "/f_000002.hpd"));
+    QVERIFY(fs::exists(f.lists + "/f_000002.hpd"));
     QVERIFY(f.config().find("F-List\tCopy\tf_000002.hpd\t") != std::string::npos);
-    f.window->listView()->clearSelection();
-    QVERIFY(f.window->selectList(2));
-    f.feedback.answers = {Answer::Yes};
-    f.click("Command4");
-    QVERIFY(exists(f.lists + "/f_000002.bac"));
-    QVERIFY(!exists(f.lists + "/f_000002.hpd"));
+    f.deleteList(2);
+    QVERIFY(fs::exists(f.lists + "/f_000002.bac"));
+    QVERIFY(!fs::exists(f.lists + "/f_000002.hpd"));
     QCOMPARE(slurp(f.lists + "/f_000001.hpd"),
              slurp((real / "favorites_lists/f_000001.hpd").string()));
   }

@@ -1,6 +1,5 @@
-// The RadioReference import window against the simulated service on 127.0.0.1: it is opened
-// from the main window's File menu, logs in as the demo account, walks from country to
-// county, ticks what to take, imports it, and the main window's tree shows the new system.
+// The RadioReference import window against the simulated service: opened from the File menu,
+// it logs in, walks to a county, ticks what to take, and the main tree shows the import.
 #include "ui/rr_import_window.h"
 
 #include <QAbstractButton>
@@ -45,12 +44,15 @@ struct Fixture : WindowFixture {
     return w;
   }
   // Logs in with the two fields as the user types them.
-  RRImportWindow* loggedIn(const char* user = "demo", const char* password = "demo") {
-    RRImportWindow* w = open();
+  static RRImportWindow* login(RRImportWindow* w, const QString& user = "demo",
+                               const QString& password = "demo") {
     child<QLineEdit>(w, "UNameTxt")->setText(user);
     child<QLineEdit>(w, "UPassTxt")->setText(password);
     click(w, "LogInBtn");
     return w;
+  }
+  RRImportWindow* loggedIn(const char* user = "demo", const char* password = "demo") {
+    return login(open(), user, password);
   }
   // Walks to a county: the stored country comes back after the login, then state, county.
   RRImportWindow* atHarbor() {
@@ -77,6 +79,9 @@ struct Fixture : WindowFixture {
       if ((*it)->text(0).endsWith(text)) return *it;
     return nullptr;
   }
+  static QTreeWidgetItem* sheriff(QWidget* w) {
+    return node(child<QTreeWidget>(w, "TV1"), QString("d%1").arg(kSheriff));
+  }
   bool saidWord(const std::string& words) const {
     return std::find(feedback.messages.begin(), feedback.messages.end(), words) !=
            feedback.messages.end();
@@ -85,6 +90,9 @@ struct Fixture : WindowFixture {
 
 int rows(QWidget* w, const char* list) {
   return child<QTreeWidget>(w, list)->topLevelItemCount();
+}
+QString firstKey(QWidget* w, const char* list) {
+  return child<QTreeWidget>(w, list)->topLevelItem(0)->data(0, Qt::UserRole).toString();
 }
 
 }  // namespace
@@ -108,30 +116,16 @@ class RRImportWindowTest : public QObject {
     QCOMPARE(f.open(), first);  // a second command raises the same window
   }
 
-  void loginRefusesMissingFields_data() {
-    QTest::addColumn<QString>("user");
-    QTest::addColumn<QString>("password");
-    QTest::addColumn<QString>("said");
-    QTest::newRow("no user") << ""
-                             << "demo"
-                             << "user name";
-    QTest::newRow("no password") << "demo"
-                                 << ""
-                                 << "password";
-  }
   void loginRefusesMissingFields() {
-    QFETCH(QString, user);
-    QFETCH(QString, password);
-    QFETCH(QString, said);
-    Fixture f;
-    RRImportWindow* w = f.open();
-    child<QLineEdit>(w, "UNameTxt")->setText(user);
-    child<QLineEdit>(w, "UPassTxt")->setText(password);
-    click(w, "LogInBtn");
-    QCOMPARE(f.feedback.messages.size(), std::size_t(1));
-    QVERIFY(QString::fromStdString(f.feedback.messages[0]).contains(said));
-    QCOMPARE(w->focusWidget(), child<QLineEdit>(w, "UNameTxt"));
-    QVERIFY(!w->client().InitDone);  // nothing was asked of the service
+    for (const char* said : {"user name", "password"}) {
+      Fixture f;
+      RRImportWindow* w = f.loggedIn(said[0] == 'u' ? "" : "demo", said[0] == 'u' ? "demo" : "");
+      QVERIFY2(f.feedback.messages.size() == 1 &&
+                   QString::fromStdString(f.feedback.messages[0]).contains(said),
+               said);
+      QVERIFY2(w->focusWidget() == child<QLineEdit>(w, "UNameTxt"), said);
+      QVERIFY2(!w->client().InitDone, said);  // nothing was asked of the service
+    }
   }
 
   void aWrongPasswordEmptiesBothFields() {
@@ -148,9 +142,7 @@ class RRImportWindowTest : public QObject {
     f.session.settingsCodec().put("radioref", "appkey", "");
     RRImportWindow* w = f.open();
     child<QLineEdit>(w, "AppKeyTxt")->clear();
-    child<QLineEdit>(w, "UNameTxt")->setText("demo");
-    child<QLineEdit>(w, "UPassTxt")->setText("demo");
-    click(w, "LogInBtn");
+    Fixture::login(w);
     QVERIFY(f.saidWord(std::string(radioref::kMissingAppKey)));
     QCOMPARE(w->statusText(), QString("INIT not ok, check firewall settings."));
   }
@@ -160,9 +152,7 @@ class RRImportWindowTest : public QObject {
     RRImportWindow* w = f.open();
     const std::string log = f.dir.file("soaplog.txt");  // beside the data folder
     child<QCheckBox>(w, "Check10")->setChecked(true);
-    child<QLineEdit>(w, "UNameTxt")->setText("demo");
-    child<QLineEdit>(w, "UPassTxt")->setText("demo");
-    click(w, "LogInBtn");
+    Fixture::login(w);
     QVERIFY(slurp(log).find("Login") != std::string::npos);
     const auto size = slurp(log).size();
     child<QCheckBox>(w, "Check10")->setChecked(false);
@@ -188,8 +178,7 @@ class RRImportWindowTest : public QObject {
     auto* counties = child<QComboBox>(w, "CboCounty");
     QCOMPARE(counties->itemText(1), QString("Statewide"));
     QCOMPARE(w->statusText(), QString("Done"));
-    auto* tv1 = child<QTreeWidget>(w, "TV1");
-    QVERIFY(Fixture::node(tv1, QString("d%1").arg(kSheriff)));
+    QVERIFY(Fixture::sheriff(w));
     auto* systems = child<QComboBox>(w, "CboSystem");
     QVERIFY(systems->currentText().startsWith("Harbor /Updated: "));
     QCOMPARE(child<QLineEdit>(w, "SysNameTxt")->text(), QString("Harbor"));
@@ -199,16 +188,14 @@ class RRImportWindowTest : public QObject {
   void tickingASubcategoryFetchesItsRowsAndUntickingTakesThemAway() {
     Fixture f;
     RRImportWindow* w = f.atHarbor();
-    QTreeWidgetItem* sheriff =
-        Fixture::node(child<QTreeWidget>(w, "TV1"), QString("d%1").arg(kSheriff));
+    QTreeWidgetItem* sheriff = Fixture::sheriff(w);
     sheriff->setCheckState(0, Qt::Checked);
     QCOMPARE(rows(w, "ListView3"), 3);
     QVERIFY(sheriff->text(0).contains("3 Frequencies / Encrypted"));
     const auto list = w->conventionalList();
     QCOMPARE(list.front().frequency.rfind("155.475", 0), 0u);
     QCOMPARE(list.front().department, std::string("Sheriff"));
-    auto* lv3 = child<QTreeWidget>(w, "ListView3");
-    QVERIFY(lv3->topLevelItem(0)->data(0, Qt::UserRole).toString().startsWith("cvfr-"));
+    QVERIFY(firstKey(w, "ListView3").startsWith("cvfr-"));
     sheriff->setCheckState(0, Qt::Unchecked);
     QCOMPARE(rows(w, "ListView3"), 0);
     QCOMPARE(sheriff->text(0), QString("Sheriff"));
@@ -223,15 +210,14 @@ class RRImportWindowTest : public QObject {
     systems->setCurrentIndex(1);
     auto* tv1 = child<QTreeWidget>(w, "TV1");
     QVERIFY(Fixture::node(tv1, "d900117"));  // "Harbor Ops"
-    QVERIFY(!Fixture::node(tv1, QString("d%1").arg(kSheriff)));
+    QVERIFY(!Fixture::sheriff(w));
     QCOMPARE(child<QLineEdit>(w, "SysNameTxt")->text(), QString("Harbor Port Authority"));
   }
 
   void conventionalImportStandsInTheMainTree() {
     Fixture f;
     RRImportWindow* w = f.atHarbor();
-    Fixture::node(child<QTreeWidget>(w, "TV1"), QString("d%1").arg(kSheriff))
-        ->setCheckState(0, Qt::Checked);
+    Fixture::sheriff(w)->setCheckState(0, Qt::Checked);
     click(w, "Command2");
     QTreeWidgetItem* system = f.treeItem("Harbor");
     QVERIFY2(system, "no system Harbor in the tree");
@@ -282,11 +268,7 @@ class RRImportWindowTest : public QObject {
     category->setCheckState(0, Qt::Checked);
     QVERIFY(rows(w, "ListView1") > 0);
     QVERIFY(category->text(0).contains("TalkGroups: "));
-    QVERIFY(child<QTreeWidget>(w, "ListView1")
-                ->topLevelItem(0)
-                ->data(0, Qt::UserRole)
-                .toString()
-                .startsWith("tgr-"));
+    QVERIFY(firstKey(w, "ListView1").startsWith("tgr-"));
     click(w, "Command2");
     QTreeWidgetItem* system = f.treeItem("Harbor County SmartZone");
     QVERIFY2(system, "no trunked system in the tree");
@@ -299,30 +281,23 @@ class RRImportWindowTest : public QObject {
     QVERIFY(department);
   }
 
-  // The Sheriff's rows were updated 3 days, 20 days and years ago.
-  void theUpdateListHoldsTheRowsWithinTheLimit_data() {
-    QTest::addColumn<QString>("limit");
-    QTest::addColumn<int>("listed");
-    QTest::newRow("1 day") << "1 day" << 0;
-    QTest::newRow("7 days") << "7 days" << 1;
-    QTest::newRow("30 days") << "30 days" << 2;
-    QTest::newRow("90 days") << "90 days" << 2;
-  }
+  // The Sheriff's rows were updated 3 days, 20 days and years ago: each limit lists those
+  // within it, the list keeps all three, and the limit ticked as an option keeps only those.
   void theUpdateListHoldsTheRowsWithinTheLimit() {
-    QFETCH(QString, limit);
-    QFETCH(int, listed);
-    Fixture f;
-    f.clock.day = QDate::currentDate().toString(Qt::ISODate).toStdString();
-    RRImportWindow* w = f.atHarbor();
-    Fixture::node(child<QTreeWidget>(w, "TV1"), QString("d%1").arg(kSheriff))
-        ->setCheckState(0, Qt::Checked);
-    auto* days = child<QComboBox>(w, "UpdatedDays");
-    days->setCurrentIndex(days->findText(limit));
-    QCOMPARE(rows(w, "ListView6"), listed);
-    QCOMPARE(rows(w, "ListView3"), 3);  // the list itself keeps every row
-    // Ticking the limit as an option leaves only those rows to import.
-    child<QCheckBox>(w, "updated")->setChecked(true);
-    QCOMPARE(rows(w, "ListView3"), listed);
+    QStringList got;
+    for (const char* limit : {"1 day", "7 days", "30 days", "90 days"}) {
+      Fixture f;
+      f.clock.day = QDate::currentDate().toString(Qt::ISODate).toStdString();
+      RRImportWindow* w = f.atHarbor();
+      Fixture::sheriff(w)->setCheckState(0, Qt::Checked);
+      auto* days = child<QComboBox>(w, "UpdatedDays");
+      days->setCurrentIndex(days->findText(limit));
+      got << QString("%1: %2 of %3").arg(limit).arg(rows(w, "ListView6")).arg(rows(w, "ListView3"));
+      child<QCheckBox>(w, "updated")->setChecked(true);
+      got.last() += QString(", %1 kept").arg(rows(w, "ListView3"));
+    }
+    QCOMPARE(got, (QStringList{"1 day: 0 of 3, 0 kept", "7 days: 1 of 3, 1 kept",
+                               "30 days: 2 of 3, 2 kept", "90 days: 2 of 3, 2 kept"}));
   }
 
   void applyFilterRefusesAnEmptySelection() {
@@ -353,9 +328,10 @@ class RRImportWindowTest : public QObject {
     w->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     Settings& s = f.session.settingsCodec();
-    QCOMPARE(s.getPlain("rrimport", "user", ""), std::string("demo"));
-    QCOMPARE(s.getPlain("rrimport", "pass", ""), std::string("demo"));  // no keychain in tests
-    QCOMPARE(s.getPlain("rrimport", "state", ""), std::to_string(kAshland));
+    // user, password (no keychain in tests) and state
+    QCOMPARE(s.getPlain("rrimport", "user", "") + "/" + s.getPlain("rrimport", "pass", "") + "/" +
+                 s.getPlain("rrimport", "state", ""),
+             "demo/demo/" + std::to_string(kAshland));
     // The next window starts filled in and walks back to the state by itself.
     RRImportWindow* again = f.open();
     QCOMPARE(child<QLineEdit>(again, "UNameTxt")->text(), QString("demo"));
@@ -373,9 +349,9 @@ class RRImportWindowTest : public QObject {
     QVERIFY(w->statusText().startsWith("Subscription expires on: "));
     w->close();
     Settings& s = f.session.settingsCodec();
-    QCOMPARE(s.getPlain("rrimport", "user", "-"), std::string("-"));
-    QCOMPARE(s.getPlain("rrimport", "pass", "-"), std::string("-"));
-    QCOMPARE(s.getPlain("radioref", "appkey", "-"), std::string(""));
+    QCOMPARE(s.getPlain("rrimport", "user", "-") + "/" + s.getPlain("rrimport", "pass", "-") + "/" +
+                 s.getPlain("radioref", "appkey", "-"),
+             std::string("-/-/"));  // no user, no password, the key as it was
   }
 
   // Every caption of every tab fits its widget at the window's first size, with real rows in
@@ -383,9 +359,8 @@ class RRImportWindowTest : public QObject {
   void noCaptionIsClippedOnAnyTab() {
     Fixture f;
     RRImportWindow* w = f.atHarbor();
-    auto* tv1 = child<QTreeWidget>(w, "TV1");
-    Fixture::node(tv1, QString("d%1").arg(kSheriff))->setCheckState(0, Qt::Checked);
-    Fixture::node(tv1, "d900102")->setCheckState(0, Qt::Checked);
+    Fixture::sheriff(w)->setCheckState(0, Qt::Checked);
+    Fixture::node(child<QTreeWidget>(w, "TV1"), "d900102")->setCheckState(0, Qt::Checked);
     w->chooseListType(ui::RRListType::Trunk);
     Fixture::choose(w, "CboSystem", 0);
     child<QTreeWidget>(w, "tv2")->topLevelItem(0)->setCheckState(0, Qt::Checked);
@@ -396,17 +371,12 @@ class RRImportWindowTest : public QObject {
       QApplication::processEvents();
       if (!folder.isEmpty()) w->grab().save(folder + QString("/rr_import_tab%1.png").arg(t));
       for (QWidget* widget : tabs->currentWidget()->findChildren<QWidget*>()) {
-        if (!widget->isVisibleTo(w)) continue;
-        const bool captioned =
-            qobject_cast<QLabel*>(widget) || qobject_cast<QAbstractButton*>(widget);
-        if (!captioned ||
-            (qobject_cast<QLabel*>(widget) && static_cast<QLabel*>(widget)->wordWrap()))
-          continue;
+        auto* label = qobject_cast<QLabel*>(widget);
+        auto* button = qobject_cast<QAbstractButton*>(widget);
+        if (!widget->isVisibleTo(w) || !(label || button) || (label && label->wordWrap())) continue;
+        const QString text = label ? label->text() : button->text();
         QVERIFY2(widget->width() >= widget->minimumSizeHint().width(),
-                 qPrintable(tabs->tabText(t) + ": " + widget->objectName() + " " +
-                            (qobject_cast<QLabel*>(widget)
-                                 ? static_cast<QLabel*>(widget)->text()
-                                 : static_cast<QAbstractButton*>(widget)->text())));
+                 qPrintable(tabs->tabText(t) + ": " + widget->objectName() + " " + text));
       }
     }
   }
