@@ -1,5 +1,6 @@
 // `zel monitor` and `zel key` against `zel sim scanner`, through a real pseudo-terminal and
 // the real serial port code, for both window families and with the simulator's faults.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,6 +12,7 @@ namespace zel::e2e {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::HasSubstr;
 
 ZelRun monitor(const std::string& device, const std::vector<std::string>& options) {
   return onPort("monitor", device, options, 20000);
@@ -36,13 +38,13 @@ TEST(MonitorE2E, BcdFamilyLogsTheSimulatedScanToStdoutAndTheFile) {
   fs::path log = fs::temp_directory_path() / ("zel-monitor-" + std::to_string(getpid()) + ".csvx");
   ZelRun m = monitor(sim.device(), {"--seconds", "4", "--log", log.string()});
   EXPECT_EQ(m.exitCode, 0) << m.err;
-  EXPECT_NE(m.out.find("LOG,"), std::string::npos) << m.err;
+  EXPECT_THAT(m.out, HasSubstr("LOG,")) << m.err;
   std::string crlfLess = slurp(log);
   fs::remove(log);
   // The file holds the same lines, with CR LF ends.
   crlfLess.erase(std::remove(crlfLess.begin(), crlfLess.end(), '\r'), crlfLess.end());
   EXPECT_EQ(crlfLess, m.out);
-  EXPECT_NE(m.err.find(" 0 watchdog resets"), std::string::npos) << m.err;
+  EXPECT_THAT(m.err, HasSubstr(" 0 watchdog resets"));
 }
 
 TEST(MonitorE2E, TheFamilyIsPickedFromTheModel) {
@@ -50,8 +52,8 @@ TEST(MonitorE2E, TheFamilyIsPickedFromTheModel) {
   ASSERT_FALSE(sim.device().empty());
   ZelRun m = monitor(sim.device(), {"--seconds", "4", "--json"});
   ASSERT_EQ(m.exitCode, 0) << m.err;
-  EXPECT_NE(m.out.find("\"family\":\"sds\""), std::string::npos) << m.out;
-  EXPECT_EQ(m.err.find("SDS VC"), std::string::npos) << m.err;
+  EXPECT_THAT(m.out, HasSubstr("\"family\":\"sds\""));
+  EXPECT_THAT(m.err, Not(HasSubstr("SDS VC")));
   const auto lines = jsonLines(m.out);
   EXPECT_FALSE(lines.empty()) << m.out;
   for (const auto& l : lines) {  // the SDS window's rows carry Extra Info
@@ -66,7 +68,7 @@ TEST(MonitorE2E, ASilentScannerIsResetByTheWatchdogAndPollingResumes) {
   ASSERT_EQ(m.exitCode, 0) << m.err;
   EXPECT_GE(jsonNumber(m.out, "watchdogResets"), 1) << m.out;
   EXPECT_GT(jsonNumber(m.out, "repliesSinceLastReset"), 20) << m.out;
-  EXPECT_NE(m.err.find("resetting the port"), std::string::npos);
+  EXPECT_THAT(m.err, HasSubstr("resetting the port"));
 }
 
 TEST(MonitorE2E, TheBcdWindowAskedForRefusesAnSdsScanner) {
@@ -74,19 +76,16 @@ TEST(MonitorE2E, TheBcdWindowAskedForRefusesAnSdsScanner) {
   ASSERT_FALSE(sim.device().empty());
   ZelRun m = monitor(sim.device(), {"--seconds", "4", "--family", "bcd"});
   EXPECT_EQ(m.exitCode, 1);
-  EXPECT_NE(m.err.find("New sds model detected, please select SDS VC for correct interface"),
-            std::string::npos)
-      << m.err;
+  EXPECT_THAT(m.err,
+              HasSubstr("New sds model detected, please select SDS VC for correct interface"));
 }
 
 TEST(MonitorE2E, AMissingPortIsAUserError) {
   ZelRun m = monitor("/dev/zel-no-such-port", {"--seconds", "1"});
   EXPECT_EQ(m.exitCode, 1);
-  EXPECT_NE(m.err.find("Cannot open the port /dev/zel-no-such-port: usb/comport error: 80"),
-            std::string::npos)
-      << m.err;
-  ZelRun usage = monitor("/dev/null", {"--family", "hp"});
-  EXPECT_EQ(usage.exitCode, 2);
+  EXPECT_THAT(m.err,
+              HasSubstr("Cannot open the port /dev/zel-no-such-port: usb/comport error: 80"));
+  EXPECT_EQ(monitor("/dev/null", {"--family", "hp"}).exitCode, 2);
 }
 
 TEST(KeyE2E, KeysReachTheScannerAndItsRepliesComeBack) {
@@ -97,12 +96,12 @@ TEST(KeyE2E, KeysReachTheScannerAndItsRepliesComeBack) {
   EXPECT_EQ(key.wait(10000), 0) << key.err();
   EXPECT_EQ(key.out(), "SCAN: JPM,OK\nAVOID: KEY,OK\n7: KEY,OK\n");
   sim.process().stop();
-  EXPECT_NE(sim.process().err().find("> KEY,L,P"), std::string::npos) << sim.process().err();
+  EXPECT_THAT(sim.process().err(), HasSubstr("> KEY,L,P"));
 
   Process bad;
   ASSERT_TRUE(bad.start({zelBinary(), "key", "--port", sim.device(), "WARP"}));
   EXPECT_EQ(bad.wait(5000), 1);
-  EXPECT_EQ(bad.err().rfind("Unknown key \"WARP\". Keys: SYSTEM DEPT CHANNEL", 0), 0u) << bad.err();
+  EXPECT_THAT(bad.err(), ::testing::StartsWith("Unknown key \"WARP\". Keys: SYSTEM DEPT CHANNEL"));
 }
 
 TEST(PortsE2E, ListsPortsOrSaysThereAreNone) {

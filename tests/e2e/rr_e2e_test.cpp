@@ -1,5 +1,6 @@
 // zel rr against zel sim radioref: two processes, real HTTP on this machine, the same
 // QtNetwork transport the desktop uses.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "monitor_process.h"
@@ -7,6 +8,9 @@
 
 namespace zel::e2e {
 namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 class RRCommand : public RRServiceTest {
  protected:
@@ -20,10 +24,10 @@ class RRCommand : public RRServiceTest {
 TEST_F(RRCommand, LoginPrintsTheExpiryDate) {
   const ZelRun plain = rr("login --user demo");
   ASSERT_EQ(plain.exitCode, 0) << plain.err;
-  EXPECT_EQ(plain.out.rfind("Subscription expires on: ", 0), 0u) << plain.out;
+  EXPECT_THAT(plain.out, StartsWith("Subscription expires on: "));
   const ZelRun json = rr("login --user demo --json");
   ASSERT_EQ(json.exitCode, 0) << json.err;
-  EXPECT_EQ(json.out.rfind("{\"user\":\"demo\",\"subExpireDate\":\"", 0), 0u) << json.out;
+  EXPECT_THAT(json.out, StartsWith("{\"user\":\"demo\",\"subExpireDate\":\""));
 }
 
 TEST_F(RRCommand, RefusalsAreOneSentenceAndExitOne) {
@@ -62,14 +66,13 @@ TEST_F(RRCommand, KeyAndUserAreRememberedThePasswordNowhere) {
   std::ofstream(path("pw.txt")) << "demo\n";
   ASSERT_EQ(rr("login --user demo").exitCode, 0);
   // No --user, no --app-key, the password from a file: the settings supply the rest.
-  const ZelRun again = zel("rr login --endpoint " + endpoint_ + " --debug --password-file " +
-                           path("pw.txt"));
+  const ZelRun again =
+      zel("rr login --endpoint " + endpoint_ + " --debug --password-file " + path("pw.txt"));
   ASSERT_EQ(again.exitCode, 0) << again.err;
   const std::string trace = slurp(path("soaplog.txt"));
-  EXPECT_NE(trace.find("SET_HTTP1 "), std::string::npos);
-  EXPECT_NE(trace.find("<password xsi:type=\"xsd:string\">********</password>"), std::string::npos)
-      << trace.substr(0, 2000);
-  EXPECT_EQ(slurp(path("settings.ini")).find("pass"), std::string::npos);
+  EXPECT_THAT(trace, AllOf(HasSubstr("SET_HTTP1 "),
+                           HasSubstr("<password xsi:type=\"xsd:string\">********</password>")));
+  EXPECT_THAT(slurp(path("settings.ini")), Not(HasSubstr("pass")));
 }
 
 TEST_F(RRCommand, BrowseWalksDownWithEveryId) {
@@ -79,8 +82,7 @@ TEST_F(RRCommand, BrowseWalksDownWithEveryId) {
   ASSERT_GT(stid, 0) << country.out;
   const ZelRun state = rr("browse state " + std::to_string(stid) + " --user demo");
   ASSERT_EQ(state.exitCode, 0) << state.err;
-  EXPECT_NE(state.out.find("ctid "), std::string::npos) << state.out;
-  EXPECT_NE(state.out.find("sid "), std::string::npos) << state.out;
+  EXPECT_THAT(state.out, AllOf(HasSubstr("ctid "), HasSubstr("sid ")));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
-// The road from the web to the scanner, in processes as a hobbyist's script runs it: the
-// simulated service, zel rr import, a convert that must change nothing more, and the list on
-// a simulated card.
+// From the web to the scanner in processes: the simulated service, zel rr import, a convert
+// that must change nothing more, and the list on a simulated card.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "monitor_process.h"
@@ -8,6 +8,8 @@
 
 namespace zel::e2e {
 namespace {
+
+using ::testing::HasSubstr;
 
 class RRImport : public RRServiceTest {
  protected:
@@ -18,9 +20,10 @@ class RRImport : public RRServiceTest {
 };
 
 TEST_F(RRImport, FromTheServiceToTheCard) {
-  const ZelRun conv = import("--county 9011 --subcat 900101 --subcat 900102 --out " + path("county.hpd"));
+  const ZelRun conv =
+      import("--county 9011 --subcat 900101 --subcat 900102 --out " + path("county.hpd"));
   ASSERT_EQ(conv.exitCode, 0) << conv.err;
-  EXPECT_EQ(conv.out.rfind("Imported SYS-001: 2 departments, ", 0), 0u) << conv.out;
+  EXPECT_THAT(conv.out, ::testing::StartsWith("Imported SYS-001: 2 departments, "));
   const ZelRun trunk = import("--system 90001 --site 900001 --into " + path("county.hpd") +
                               " --out " + path("both.hpd") + " --json");
   ASSERT_EQ(trunk.exitCode, 0) << trunk.err;
@@ -30,17 +33,16 @@ TEST_F(RRImport, FromTheServiceToTheCard) {
   ASSERT_EQ(zel("hpd convert " + path("both.hpd") + " " + path("once.hpd")).exitCode, 0);
   ASSERT_EQ(zel("hpd convert " + path("once.hpd") + " " + path("twice.hpd")).exitCode, 0);
   EXPECT_EQ(slurp(path("once.hpd")), slurp(path("twice.hpd")));
-  const std::string hpd = slurp(path("once.hpd"));
-  EXPECT_NE(hpd.find("Conventional\t"), std::string::npos);
-  EXPECT_NE(hpd.find("Trunk\t"), std::string::npos);
+  EXPECT_THAT(slurp(path("once.hpd")), AllOf(HasSubstr("Conventional\t"), HasSubstr("Trunk\t")));
 
   ASSERT_EQ(zel("sim card " + path("card")).exitCode, 0);
   // --root takes one value and leaves the file behind it alone.
-  const ZelRun write = zel("card write --root " + path("card") + " " + path("both.hpd") + " --name County");
+  const ZelRun write =
+      zel("card write --root " + path("card") + " " + path("both.hpd") + " --name County");
   ASSERT_EQ(write.exitCode, 0) << write.err;
   const ZelRun list = zel("card list --root " + path("card"));
   ASSERT_EQ(list.exitCode, 0) << list.err;
-  EXPECT_NE(list.out.find("County"), std::string::npos) << list.out;
+  EXPECT_THAT(list.out, HasSubstr("County"));
 }
 
 TEST_F(RRImport, RefusalsNameTheWrongId) {
@@ -50,15 +52,15 @@ TEST_F(RRImport, RefusalsNameTheWrongId) {
     std::string err;
   };
   const std::vector<Case> cases = {
-      {"--county 9011 --subcat 1 --out " + path("x.hpd"), 1, "Subcategory 1 is not in county 9011.\n"},
-      {"--system 90001 --site 7 --out " + path("x.hpd"), 1, "Site 7 is not a site of system 90001.\n"},
-      {"--system 90001 --out " + path("x.hpd"), 2, "Give at least one --site SITEID.\n"},
-      {"--county 9011 --system 90001 --site 900001 --out " + path("x.hpd"), 2,
+      {"--county 9011 --subcat 1", 1, "Subcategory 1 is not in county 9011.\n"},
+      {"--system 90001 --site 7", 1, "Site 7 is not a site of system 90001.\n"},
+      {"--system 90001", 2, "Give at least one --site SITEID.\n"},
+      {"--county 9011 --system 90001 --site 900001", 2,
        "Give either --county, --agency or --zip, or --system.\n"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.args);
-    const ZelRun run = import(c.args);
+    const ZelRun run = import(c.args + " --out " + path("x.hpd"));
     EXPECT_EQ(run.exitCode, c.exitCode);
     EXPECT_EQ(run.err, c.err);
     EXPECT_FALSE(fs::exists(path("x.hpd")));

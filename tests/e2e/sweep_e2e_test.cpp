@@ -1,6 +1,7 @@
 // `zel sweep` against `zel sim scanner` through a real pseudo-terminal: the simulator's busy
 // channels must come out among the busiest frequencies, for a BCD model (custom search
 // stream) and an SDS model (waterfall frames), with the files written.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -12,6 +13,8 @@ namespace zel::e2e {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 ZelRun sweep(const std::string& device, const std::vector<std::string>& options) {
   return onPort("sweep", device, options, 30000);
@@ -59,8 +62,8 @@ TEST_F(SweepE2E, BcdStreamFindsTheBusyChannelsAndWritesTheFiles) {
   ASSERT_FALSE(lines.empty());
   EXPECT_EQ(lines[0], "sweep,frequency_mhz,level");
   EXPECT_EQ(lines.size(), 1u + 25u * 321u);
-  EXPECT_EQ(lines[1].rfind("1,144.0000,", 0), 0u);
-  EXPECT_EQ(lines.back().rfind("25,148.0000,", 0), 0u) << lines.back();
+  EXPECT_THAT(lines[1], StartsWith("1,144.0000,"));
+  EXPECT_THAT(lines.back(), StartsWith("25,148.0000,"));
   // The PNG signature, and the statistics list with its columns.
   EXPECT_EQ(slurp(png).substr(0, 8), std::string("\x89PNG\r\n\x1a\n", 8));
   auto rows = pieces(slurp(stats));
@@ -78,8 +81,7 @@ TEST_F(SweepE2E, SdsFramesWithAThresholdFindTheBusyChannels) {
                                   "20", "--threshold", "300", "--waterfall", png.string(), "--csv",
                                   hits.string(), "--hits"});
   ASSERT_EQ(m.exitCode, 0) << m.err;
-  EXPECT_NE(m.out.find("Sweep 20\n"), std::string::npos) << m.out;
-  EXPECT_NE(m.out.find("Busiest frequencies:"), std::string::npos) << m.out;
+  EXPECT_THAT(m.out, AllOf(HasSubstr("Sweep 20\n"), HasSubstr("Busiest frequencies:")));
   std::vector<double> top;
   const auto lines = pieces(m.out);
   for (auto it = std::find(lines.begin(), lines.end(), "Busiest frequencies:");
@@ -101,7 +103,7 @@ TEST_F(SweepE2E, RefusalsAndUsage) {
   struct Case {
     std::vector<std::string> options;
     int code;
-    std::string err;
+    std::string err = {};
   };
   const Case cases[] = {
       {{"--start", "144", "--stop", "144.1125", "--step", "12.5"},
@@ -109,14 +111,13 @@ TEST_F(SweepE2E, RefusalsAndUsage) {
        "Search range is too small (9), please increase range or select smaller step.\n"
        "On the command line: widen --start and --stop (or --span), or give a smaller --step.\n"},
       {{"--start", "148", "--stop", "144", "--step", "12.5"}, 1, "Error, check frequency range\n"},
-      {{"--start", "144", "--stop", "148", "--step", "11"}, 2, ""},
-      {{"--start", "144", "--span", "4", "--step", "12.5"}, 2, ""},
-      {{"--center", "146", "--step", "12.5"}, 2, ""},
-      {{"--start", "144", "--stop", "148", "--step", "12.5", "--sweeps", "1", "--seconds", "1"},
-       2,
-       ""},
+      {{"--start", "144", "--stop", "148", "--step", "11"}, 2},
+      {{"--start", "144", "--span", "4", "--step", "12.5"}, 2},
+      {{"--center", "146", "--step", "12.5"}, 2},
+      {{"--start", "144", "--stop", "148", "--step", "12.5", "--sweeps", "1", "--seconds", "1"}, 2},
   };
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.options[0] + " " + c.options[1] + " " + c.options[2] + " " + c.options[3]);
     ZelRun m = sweep(sim.device(), c.options);
     EXPECT_EQ(m.exitCode, c.code) << m.err;
     if (!c.err.empty()) EXPECT_EQ(m.err, c.err);
@@ -124,7 +125,7 @@ TEST_F(SweepE2E, RefusalsAndUsage) {
   }
   ZelRun none = sweep("/dev/zel-no-such-port", {"--start", "144", "--stop", "148", "--step", "5"});
   EXPECT_EQ(none.exitCode, 1);
-  EXPECT_EQ(none.err.rfind("Error#: ", 0), 0u) << none.err;
+  EXPECT_THAT(none.err, StartsWith("Error#: "));
   EXPECT_EQ(std::count(none.err.begin(), none.err.end(), '\n'), 1);
 }
 
