@@ -129,27 +129,23 @@ TEST(ScannerSimScope, RangeAndFlagsAreStoredAndReadBack) {
 }
 
 TEST(ScannerSimScope, StreamSweepsTheRangeByTheStepAndWraps) {
-  struct Case {
-    const char* range;  // low,high,step code
-    std::vector<std::string> sweep;
-  };
-  const Case cases[] = {
-      {"1460000,1461000,1250",
-       {"01460000", "01460125", "01460250", "01460375", "01460500", "01460625", "01460750",
-        "01460875", "01461000"}},
-      {"1460000,1460250,625", {"01460000", "01460062", "01460125", "01460187", "01460250"}},
-      {"1080000,1080250,833", {"01080000", "01080083", "01080166", "01080249"}},
-      {"1440000,1445500,10000",
-       {"01440000", "01441000", "01442000", "01443000", "01444000", "01445000"}},
-      {"4600000,4600200,500", {"04600000", "04600050", "04600100", "04600150", "04600200"}},
-  };
-  for (const Case& c : cases) {
+  // low,high,step code|the frequencies of one sweep, ' ' between
+  const std::string cases =
+      "1460000,1461000,1250|01460000 01460125 01460250 01460375 01460500 01460625 01460750 "
+      "01460875 01461000;"
+      "1460000,1460250,625|01460000 01460062 01460125 01460187 01460250;"
+      "1080000,1080250,833|01080000 01080083 01080166 01080249;"
+      "1440000,1445500,10000|01440000 01441000 01442000 01443000 01444000 01445000;"
+      "4600000,4600200,500|04600000 04600050 04600100 04600150 04600200";
+  for (const std::string& text : split(cases, ';')) {
+    const auto c = split(text, '|');
+    const auto sweep = split(c[1], ' ');
     Scope s;
-    s.program(c.range, 4);
+    s.program(c[0], 4);
     const std::vector<Line> lines = s.read(60);
-    ASSERT_EQ(lines.size(), 60u) << c.range;  // 1000 steps a second
+    ASSERT_EQ(lines.size(), 60u) << c[0];  // 1000 steps a second
     for (std::size_t i = 0; i < lines.size(); ++i)
-      ASSERT_EQ(lines[i].frequency, c.sweep[i % c.sweep.size()]) << c.range << " line " << i;
+      ASSERT_EQ(lines[i].frequency, sweep[i % sweep.size()]) << c[0] << " line " << i;
   }
 }
 
