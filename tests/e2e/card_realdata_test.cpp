@@ -18,6 +18,10 @@ TEST_F(CardCommand, RealCardsReadAndWriteOnCopies) {
     fs::create_directories(copy / "BCDx36HP" / "favorites_lists");
     fs::copy(src / "favorites_lists", copy / "BCDx36HP" / "favorites_lists",
              fs::copy_options::recursive);
+    // The corpus is read-only and a copy keeps that; a card's files are writable.
+    for (const auto& e : fs::recursive_directory_iterator(copy)) {
+      fs::permissions(e.path(), fs::perms::owner_write, fs::perm_options::add);
+    }
     for (const auto& entry : fs::recursive_directory_iterator(copy))  // the corpus is read-only
       fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
     // The bcd536hp corpus has no marker: give the copy one of its model.
