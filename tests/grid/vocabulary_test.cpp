@@ -67,10 +67,8 @@ TEST(Tabel, NoListHoldsAnEmptyOrRepeatedItem) {
 }
 
 TEST(Tabel, AnUnknownKeyGivesAnEmptyList) {
-  EXPECT_TRUE(tabel("LockOut").empty());
-  EXPECT_TRUE(tabel("SQ Code").empty());  // the code list needs the mode: squelchCodeKey
-  EXPECT_TRUE(tabel("mode").empty());     // keys are exact
-  EXPECT_TRUE(tabel("").empty());
+  // "SQ Code" needs the mode (squelchCodeKey); keys are exact.
+  for (const char* key : {"LockOut", "SQ Code", "mode", ""}) EXPECT_TRUE(tabel(key).empty()) << key;
 }
 
 // Inner items by list; the codes of "SQ Code_n" are upper-case hexadecimal without zeros ahead.
@@ -182,9 +180,7 @@ TEST(ServiceTypes, UnassignedNumbersAreEmpty) {
   int named = 0;
   for (int number = 0; number < 218; ++number) named += !serviceTypeName(number).empty();
   EXPECT_EQ(named, 39);
-  EXPECT_EQ(serviceTypeNumber(""), 0);
-  EXPECT_EQ(serviceTypeNumber("NOT DEFINED"), 0);
-  EXPECT_EQ(serviceTypeNumber("aircraft"), 0);
+  for (const char* name : {"", "NOT DEFINED", "aircraft"}) EXPECT_EQ(serviceTypeNumber(name), 0);
   EXPECT_EQ(serviceTypeNumber(kDefaultServiceType), 208);
 }
 
