@@ -175,34 +175,29 @@ TEST(ScannerSimScope, EnabledRangesAreSweptInTurn) {
 }
 
 TEST(ScannerSimScope, BusyChannelsOpenTheSquelchAtTheNearestStep) {
-  struct Case {
-    const char* range;
-    std::set<std::string> busy;  // where sql 1 shows
-  };
-  const Case cases[] = {
-      // Three 2 m channels on a 5 kHz grid.
-      {"1440000,1480000,500", {"01465200", "01469400", "01473300"}},
-      // 146.520 and 146.940 off a 12.5 kHz grid show at the nearest step; a third channel is
-      // added at a quarter of the range.
-      {"1460000,1470000,1250", {"01462500", "01465250", "01469375"}},
-      // No well-known channel: three at a quarter, half and three quarters.
-      {"4400000,4410000,1250", {"04402500", "04405000", "04407500"}},
-  };
-  for (const Case& c : cases) {
+  // Range and where sql 1 shows: three 2 m channels on a 5 kHz grid; 146.520 and 146.940 off a
+  // 12.5 kHz grid at the nearest step and a third at a quarter of the range; with no well-known
+  // channel, three at a quarter, half and three quarters.
+  for (const auto& [range, channels] :
+       {std::pair{"1440000,1480000,500", "01465200 01469400 01473300"},
+        {"1460000,1470000,1250", "01462500 01465250 01469375"},
+        {"4400000,4410000,1250", "04402500 04405000 04407500"}}) {
+    const auto listed = split(channels, ' ');
+    const std::set<std::string> busy(listed.begin(), listed.end());
     Scope s("BCD536HP", 4000);
-    s.program(c.range, 2);
+    s.program(range, 2);
     std::set<std::string> open, closedAtBusy;
     for (const Line& l : s.read(60000)) {
       if (l.sql == "1") {
         open.insert(l.frequency);
-        EXPECT_GE(l.rssi, 400) << c.range << " " << l.frequency;
+        EXPECT_GE(l.rssi, 400) << range << " " << l.frequency;
       } else {
-        EXPECT_LT(l.rssi, 200) << c.range << " " << l.frequency;
-        if (c.busy.count(l.frequency)) closedAtBusy.insert(l.frequency);
+        EXPECT_LT(l.rssi, 200) << range << " " << l.frequency;
+        if (busy.count(l.frequency)) closedAtBusy.insert(l.frequency);
       }
     }
-    EXPECT_EQ(open, c.busy) << c.range;
-    EXPECT_EQ(closedAtBusy, c.busy) << c.range << ": each one drops too";
+    EXPECT_EQ(open, busy) << range;
+    EXPECT_EQ(closedAtBusy, busy) << range << ": each one drops too";
   }
 }
 
