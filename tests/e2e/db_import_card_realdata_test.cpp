@@ -1,6 +1,5 @@
-// From the scanner's own database to the card, in processes: two systems of a real state
-// file into a new list with zel db import, a convert that must change nothing, and the list
-// written to a simulated card.
+// From a real state file of the scanner's database to a simulated card, in processes: zel db
+// import of two systems, a convert that changes nothing, and card write.
 #include <gmock/gmock.h>
 
 #include "monitor_process.h"

@@ -1,6 +1,5 @@
-// `zel hpd bulk-set` and `zel hpd banknames` end to end: the real binary on a small favorites
-// file, its output, its exit codes, and the saved file compared with a plain save of the same
-// input.
+// `zel hpd bulk-set` and `zel hpd banknames` on a small favorites file: output, exit codes,
+// and the saved file compared with a plain save of the same input.
 #include <gmock/gmock.h>
 
 #include "zel_run.h"

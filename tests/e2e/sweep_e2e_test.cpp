@@ -1,6 +1,5 @@
-// `zel sweep` against `zel sim scanner` through a real pseudo-terminal: the simulator's busy
-// channels must come out among the busiest frequencies, for a BCD model (custom search
-// stream) and an SDS model (waterfall frames), with the files written.
+// `zel sweep` against `zel sim scanner` through a pseudo-terminal: the busy channels come out
+// among the busiest, for a BCD stream and SDS waterfall frames, with the files written.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

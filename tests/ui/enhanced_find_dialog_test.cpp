@@ -1,6 +1,5 @@
-// Enhanced Find over a document of page files and the grid on show: the search started by
-// the window's timer, ORG/DUP rows, Select Dups with Delete Selected Channels, the stop
-// button against the progress bar, the review of locked rows and the Unlock submenu.
+// Enhanced Find over page files and the grid on show: the timer-started search, ORG/DUP rows,
+// Select Dups and Delete, the stop button, the review of locked rows and Unlock.
 #include "ui/enhanced_find_dialog.h"
 
 #include <QMenu>

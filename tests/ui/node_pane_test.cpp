@@ -105,9 +105,9 @@ class NodePaneTest : public QObject {
 
     f.pane->showNode(kP25Site, "SITE");
     QCOMPARE(f.pane->currentWidget(), static_cast<QWidget*>(f.pane->siteForm()));
-    QCOMPARE(f.find<QLineEdit>("name")->text() + f.find<QLineEdit>("latitude")->text() + "/" +
+    QCOMPARE(f.find<QLineEdit>("name")->text() + "|" + f.find<QLineEdit>("latitude")->text() + "|" +
                  f.find<QLineEdit>("range")->text(),
-             QString("Simulcast41.453639/19.1"));
+             QString("Simulcast|41.453639|19.1"));
     QCOMPARE(f.find<QComboBox>("bandPlanType")->currentData().toString(), QString("Standard"));
     QVERIFY(!f.find<QCheckBox>("attenuator")->isChecked());
     ui::SiteFrequencyGrid* grid = f.pane->siteForm()->frequencies();
