@@ -109,16 +109,5 @@ TEST(AtomicFile, TheFirstReplacementOfARunKeepsTheOldBytesOnce) {
   EXPECT_EQ(test::slurp(path), "third");
 }
 
-TEST(AtomicFile, FoldersAndMissingFoldersAreRefusedWithASentence) {
-  test::TempDir dir;
-  const WriteStatus folder = writeFileAtomically(dir.path(), "x");
-  EXPECT_FALSE(folder.ok);
-  EXPECT_EQ(folder.message, dir.path() + " is a folder; nothing was written.");
-  const WriteStatus missing = writeFileAtomically(dir.file("none/x.hpd"), "x");
-  EXPECT_FALSE(missing.ok);
-  EXPECT_EQ(missing.error, ENOENT);
-  EXPECT_TRUE(temporariesIn(dir.path()).empty());
-}
-
 }  // namespace
 }  // namespace zel::formats
