@@ -62,8 +62,7 @@ TEST(TreeMoves, ACopiedSystemCarriesEveryPartUnderItsNewNumber) {
   EXPECT_EQ(treemod::getField(m.doc.data, "SYS-004", 23), "002");
   EXPECT_TRUE(m.doc.systems.inUse(4));
   EXPECT_EQ(m.doc.systems.get(4, 10), m.doc.systems.get(3, 10));
-  // The source is untouched.
-  EXPECT_TRUE(m.doc.data.contains("TFQ-003-001-001"));
+  EXPECT_TRUE(m.doc.data.contains("TFQ-003-001-001")) << "the source is untouched";
   EXPECT_EQ(m.pages.load("GRP-999-003-001").size(), 1u);
   EXPECT_TRUE(m.doc.changed);
 }
