@@ -75,23 +75,16 @@ TEST_F(EditModelTest, EscapeRestoresTheCell) {
 }
 
 TEST_F(EditModelTest, KeyFiltersRefuseKeysByColumnGroup) {
-  struct Case {
-    const char* heading;
-    char key;
-    bool allowed;
-  } cases[] = {
-      {"Frequency", '5', true},   {"Frequency", '.', true},  {"Frequency", 'a', false},
-      {"Frequency", ',', false},  {"Frequency", '-', false}, {"NumberTag", ' ', false},
-      {"SQ Code", 'a', true},     {"SQ Code", 'F', true},    {"SQ Code", 'g', false},
-      {"SQ Code", ' ', true},     {"SQ Code", '.', true},    {"Talkgroup", '*', true},
-      {"Talkgroup", '-', true},   {"Talkgroup", 'i', false}, {"TGID", '7', true},
-      {"Alpha Tag", ',', false},  {"Alpha Tag", '=', false}, {"Alpha Tag", '"', false},
-      {"Alpha Tag", '\\', false}, {"Alpha Tag", 'x', true},  {"Comments", '{', false},
-      {"Alpha Tag", '\b', true},  {"Unit ID", '.', false},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(EditModel::keyAllowed(c.heading, static_cast<unsigned char>(c.key)), c.allowed)
-        << c.heading << " '" << c.key << "'";
+  // heading|key and + for allowed, - for refused
+  const std::string cases =
+      "Frequency|5+;Frequency|.+;Frequency|a-;Frequency|,-;Frequency|--;NumberTag| -;SQ Code|a+;"
+      "SQ Code|F+;SQ Code|g-;SQ Code| +;SQ Code|.+;Talkgroup|*+;Talkgroup|-+;Talkgroup|i-;"
+      "TGID|7+;Alpha Tag|,-;Alpha Tag|=-;Alpha Tag|\"-;Alpha Tag|\\-;Alpha Tag|x+;Comments|{-;"
+      "Alpha Tag|\b+;Unit ID|.-";
+  for (const std::string& text : split(cases, ';')) {
+    const auto c = split(text, '|');
+    EXPECT_EQ(EditModel::keyAllowed(c[0], static_cast<unsigned char>(c[1][0])), c[1][1] == '+')
+        << text;
   }
 }
 

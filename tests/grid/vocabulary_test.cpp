@@ -98,19 +98,16 @@ TEST(Tabel, TheHomePatrolSystemTypesAreTheFirstSevenOfTheFullList) {
 }
 
 TEST(SquelchCodeKey, TheModeChoosesTheCodeList) {
-  struct Case {
-    const char* mode;
-    const char* key;
-  };
-  const Case cases[] = {
-      {"CTCSS", "SQ Code_c"},       {"All", "SQ Code_c"},          {"", "SQ Code_c"},
-      {"Whatever", "SQ Code_c"},    {"DCS", "SQ Code_d"},          {"DTCS", "SQ Code_d"},
-      {"DCS-R", "SQ Code_d"},       {"DTCS-R", "SQ Code_d"},       {"P25", "SQ Code_n"},
-      {"DMR", "SQ Code_dmr"},       {"RAN", "SQ Code_r"},          {"IDAS", "SQ Code_a"},
-      {"dPMR", "SQ Code_dpmr"},     {"Common ID", "SQ Code_dpmr"}, {"Digital", "SQ Code_digital"},
-      {"Analog", "SQ Code_analog"}, {"dcs", "SQ Code_c"},  // exact words only
-  };
-  for (const auto& c : cases) EXPECT_EQ(squelchCodeKey(c.mode), c.key) << c.mode;
+  // mode|code list key; exact words only
+  const std::string cases =
+      "CTCSS|SQ Code_c;All|SQ Code_c;|SQ Code_c;Whatever|SQ Code_c;DCS|SQ Code_d;DTCS|SQ Code_d;"
+      "DCS-R|SQ Code_d;DTCS-R|SQ Code_d;P25|SQ Code_n;DMR|SQ Code_dmr;RAN|SQ Code_r;"
+      "IDAS|SQ Code_a;dPMR|SQ Code_dpmr;Common ID|SQ Code_dpmr;Digital|SQ Code_digital;"
+      "Analog|SQ Code_analog;dcs|SQ Code_c";
+  for (const std::string& text : split(cases, ';')) {
+    const auto c = split(text, '|');
+    EXPECT_EQ(squelchCodeKey(c[0]), c[1]) << text;
+  }
 }
 
 TEST(ValueCheck, AnExactItemStandsAndAnythingElseTakesTheDefault) {
@@ -127,16 +124,14 @@ TEST(ValueCheck, AnExactItemStandsAndAnythingElseTakesTheDefault) {
 }
 
 TEST(ToneCheck, PositionsOnTheToneListsOrTheTextItself) {
-  struct Case {
-    const char* text;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {"67.0", "1"},        {"100.0", "13"}, {"254.1", "50"},    {"023", "1"},       {"754", "104"},
-      {"Search", "Search"}, {"", ""},        {"RAN 5", "RAN 5"}, {"IDAS1", "IDAS1"}, {"60.0", "0"},
-      {"67", "0"},          {"23", "0"},     {"search", "0"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(toneCheck(c.text), c.expected) << c.text;
+  // text|result
+  const std::string cases =
+      "67.0|1;100.0|13;254.1|50;023|1;754|104;Search|Search;|;RAN 5|RAN 5;IDAS1|IDAS1;60.0|0;"
+      "67|0;23|0;search|0";
+  for (const std::string& text : split(cases, ';')) {
+    const auto c = split(text, '|');
+    EXPECT_EQ(toneCheck(c[0]), c[1]) << text;
+  }
 }
 
 TEST(CombinedTones, OneRunOfEveryCodeWord) {
