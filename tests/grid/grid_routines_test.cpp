@@ -36,8 +36,7 @@ TEST_F(GridRoutines, ColumnsAreFoundByHeadingInEverySchemaAndFamily) {
     const char* heading;
     int col;
   };
-  const auto B = ScannerFamily::BCD;
-  const auto H = ScannerFamily::HP;
+  const auto B = ScannerFamily::BCD, H = ScannerFamily::HP;
   // Where each heading stands is the schemas' (and the files' field order, proved by the
   // real-data round trips); here the finding: any case, the family's own columns, -1 if none.
   const Case cases[] = {

@@ -90,22 +90,15 @@ TEST(RowRecord, WorkingColumnsNeverReachARecord) {
 }
 
 TEST(RecordKey, APointInFieldOneMakesAFrequencyRecord) {
-  struct Case {
-    const char* record;
-    bool frequency;
-    const char* key;
-  };
-  const Case cases[] = {
-      {kChannel, true, "FRQ-001-002-0003"},
-      {kTalkgroup, false, "TID-001-002-0003"},
-      {"1,12-034,EDACS", false, "TID-001-002-0003"},
-      {"1,,Empty", false, "TID-001-002-0003"},
-      {"1,.5", true, "FRQ-001-002-0003"},
-      {"1", false, "TID-001-002-0003"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(isFrequencyRecord(c.record), c.frequency) << c.record;
-    EXPECT_EQ(recordKey(c.record, 1, 2, 3), c.key) << c.record;
+  for (const auto& [record, frequency] : {std::pair{kChannel, true},
+                                          {kTalkgroup, false},
+                                          {"1,12-034,EDACS", false},
+                                          {"1,,Empty", false},
+                                          {"1,.5", true},
+                                          {"1", false}}) {
+    EXPECT_EQ(isFrequencyRecord(record), frequency) << record;
+    EXPECT_EQ(recordKey(record, 1, 2, 3), frequency ? "FRQ-001-002-0003" : "TID-001-002-0003")
+        << record;
   }
   EXPECT_EQ(recordKey(kChannel, 999, 399, 9999), "FRQ-999-399-9999");
 }
