@@ -14,7 +14,8 @@ std::string zelCsvExport(const std::vector<FavoritesRow>& rows) {
   out += "\r\n";
   for (const FavoritesRow& row : rows) {
     if (row.mark != "1") continue;
-    const std::string name = row.name.empty() ? record::field(row.line, 6) : row.name;
+    const std::string field6 = record::field(row.line, 6);
+    const std::string name = field6.empty() ? row.name : field6;
     out += "[FQK] " + name + "," + record::field(row.line, 3) + "," +
            record::field(row.line, 7) + ",Numtag: " + record::field(row.line, 2) + ",\r\n";
   }

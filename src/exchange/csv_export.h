@@ -20,7 +20,7 @@ inline constexpr std::string_view kZelCsvHeader = "[ZEL CSV FILE]";
 struct FavoritesRow {
   std::string mark;
   std::string line;
-  std::string name;  // the system's name; field 6 of the line stands in when empty
+  std::string name;  // the system's name, written when field 6 of the line is empty
 };
 // The "To CSV" file: the header, then for each selected system "[FQK] " name, ",",
 // field 3, ",", field 7, ",Numtag: ", field 2, ",".
