@@ -64,6 +64,8 @@ struct SummaryCase {
   std::string args;  // IN and OUT stand for the input and output files
   std::string out;   // OUT stands for the output file
 };
+// Test names show the command, not the bytes of the case.
+void PrintTo(const SummaryCase& c, std::ostream* os) { *os << c.args; }
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
   for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
