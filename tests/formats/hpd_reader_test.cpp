@@ -36,14 +36,10 @@ TEST(HpdReader, TrunkedSystemBecomesNodesRowsAndCounts) {
   Scratch s;
   HpdReadResult r = s.read(kTrunked);
   ASSERT_TRUE(r.ok()) << r.message;
-  EXPECT_EQ(r.counts.systems, 1);
-  EXPECT_EQ(r.counts.sites, 2);
-  EXPECT_EQ(r.counts.frequencies, 3);
-  EXPECT_EQ(r.counts.departments, 2);
-  EXPECT_EQ(r.counts.talkgroups, 3);
-  EXPECT_EQ(r.counts.unitIds, 2);
-  EXPECT_EQ(r.counts.bandPlans, 1);
-  EXPECT_EQ(r.counts.fleetMaps, 1);
+  const HpdCounts& n = r.counts;
+  EXPECT_EQ((std::vector<int>{n.systems, n.sites, n.frequencies, n.departments, n.talkgroups,
+                              n.unitIds, n.bandPlans, n.fleetMaps}),
+            (std::vector<int>{1, 2, 3, 2, 3, 2, 1, 1}));
   EXPECT_TRUE(r.skipped.empty());
   EXPECT_EQ(r.notKept.at("DQKs_Status"), 1);
 
@@ -56,13 +52,16 @@ TEST(HpdReader, TrunkedSystemBecomesNodesRowsAndCounts) {
     EXPECT_TRUE(t.contains(key)) << key;
   }
   EXPECT_FALSE(t.contains("GRP-999-001-002"));
-  EXPECT_EQ(t.text(t.find("UID-001-001")), "UID, OPEN FILE");
-  EXPECT_EQ(t.text(t.find("FMP-001-000")), "FMP,4,4,12,0,0,0,0,0");
-  EXPECT_EQ(t.text(t.find("UDD-001-00-0002")), "UID,1872112,Medic 2,3,5,Blue,Slow Blink");
-  EXPECT_EQ(t.text(t.find("TFQ-001-002-001")), "TFQ,853.100000,1,3");
+  std::vector<std::string> texts;
+  for (const char* key :
+       {"UID-001-001", "FMP-001-000", "UDD-001-00-0002", "TFQ-001-002-001", "GRP-999-001-000"})
+    texts.push_back(t.text(t.find(key)));
+  EXPECT_EQ(texts,
+            (std::vector<std::string>{
+                "UID, OPEN FILE", "FMP,4,4,12,0,0,0,0,0", "UID,1872112,Medic 2,3,5,Blue,Slow Blink",
+                "TFQ,853.100000,1,3", "TIN,T-Group,,,Fire,Off,41.3,-81.7,4.0,Circle,1"}));
   EXPECT_EQ(t.parent(t.find("TFQ-001-001-002")), t.find("SIT-001-001"));
   EXPECT_EQ(t.parent(t.find("MCP-001-001")), t.find("SYS-001"));
-  EXPECT_EQ(t.text(t.find("GRP-999-001-000")), "TIN,T-Group,,,Fire,Off,41.3,-81.7,4.0,Circle,1");
   // The flat frequency tree holds the same keys and texts at its top level.
   EXPECT_EQ(s.doc.frequencies.count(), 3u);
   EXPECT_EQ(s.doc.frequencies.text(s.doc.frequencies.find("TFQ-001-001-002")),
@@ -73,9 +72,9 @@ TEST(HpdReader, TrunkedSystemBecomesNodesRowsAndCounts) {
             "2,56422,Fire Tac,Off,Digital,Fire-Tac,2,0,Off,Auto,Red,On,Off,Off,1");
   EXPECT_EQ(s.page(1, 1), "1,56500,Police Dispatch,Off,All,Law Dispatch,,,,,,,,,Any");
 
-  EXPECT_EQ(s.doc.systems.get(1, 0), "1");
-  EXPECT_EQ(s.doc.systems.get(1, 1), "Metro");
-  EXPECT_EQ(s.doc.systems.get(1, 10), "1");
+  EXPECT_EQ((std::vector<std::string>{s.doc.systems.get(1, 0), s.doc.systems.get(1, 1),
+                                      s.doc.systems.get(1, 10)}),
+            (std::vector<std::string>{"1", "Metro", "1"}));
   EXPECT_EQ(record::field(t.text(t.find("SYS-001")), 23), "001");
 }
 
@@ -147,23 +146,19 @@ TEST(HpdReader, LoadFlagsLeaveOutOneKindOfSystem) {
   const std::string mixed = hpdFile({"Conventional|||C|Off||Conventional", "C-Group|||G|Off",
                                      "C-Freq|||Ch|Off|155000000|FM||3", "Trunk|||T|Off||Ltr",
                                      "T-Group|||TG|Off", "TGID|||Tg|Off|5|ALL|3"});
-  Scratch conventionalOnly;
-  HpdReadOptions o = Scratch::defaultRead();
-  o.loadFlags = kSkipTrunked;
-  HpdReadResult a = conventionalOnly.read(mixed, o);
-  EXPECT_EQ(a.counts.systems, 1);
-  EXPECT_EQ(a.counts.channels, 1);
-  EXPECT_EQ(a.counts.talkgroups, 0);
-  ASSERT_EQ(a.skipped.size(), 3u);
-  EXPECT_EQ(a.skipped[0].reason, "left out by the load flags");
-  EXPECT_EQ(a.skipped[0].lineNumber, 6);
-
-  Scratch trunkedOnly;
-  o.loadFlags = kSkipConventional;
-  HpdReadResult b = trunkedOnly.read(mixed, o);
-  EXPECT_EQ(b.counts.systems, 1);
-  EXPECT_EQ(b.counts.talkgroups, 1);
-  EXPECT_EQ(b.counts.channels, 0);
+  for (const auto& [flags, channels, talkgroups, firstSkipped] :
+       {std::tuple{kSkipTrunked, 1, 0, 6}, std::tuple{kSkipConventional, 0, 1, 3}}) {
+    Scratch s;
+    HpdReadOptions o = Scratch::defaultRead();
+    o.loadFlags = flags;
+    HpdReadResult r = s.read(mixed, o);
+    EXPECT_EQ(std::tuple(r.counts.systems, r.counts.channels, r.counts.talkgroups),
+              std::tuple(1, channels, talkgroups))
+        << flags;
+    ASSERT_EQ(r.skipped.size(), 3u);
+    EXPECT_EQ(r.skipped[0].reason, "left out by the load flags");
+    EXPECT_EQ(r.skipped[0].lineNumber, firstSkipped);
+  }
 }
 
 TEST(HpdReader, LinesWithoutAPlaceAreSkippedWithTheirReason) {
@@ -249,11 +244,10 @@ TEST(HpdReader, NoRoomForASystemTakesBackTheWholeRead) {
                       "T-Group|||G|Off", "TGID|||Tg|Off|5|ALL|3", "Conventional|||Too many|Off"}));
   EXPECT_EQ(r.status, HpdReadStatus::OutOfStorage);
   EXPECT_EQ(r.message, "ERROR: Out of storage space");
-  EXPECT_EQ(s.doc.data.count(), before);
-  EXPECT_EQ(s.doc.frequencies.count(), 0u);
-  EXPECT_FALSE(s.pages.exists(keys::department(999, 0)));
-  EXPECT_EQ(s.doc.systems.get(999, 0), "");
-  EXPECT_EQ(s.doc.files.get(1, 0), "");
+  EXPECT_EQ(std::tuple(s.doc.data.count(), s.doc.frequencies.count(),
+                       s.pages.exists(keys::department(999, 0)), s.doc.systems.get(999, 0),
+                       s.doc.files.get(1, 0)),
+            std::tuple(before, std::size_t{0}, false, std::string(), std::string()));
 }
 
 TEST(HpdReader, LineEndsOfAnyKindAndOddBytes) {
@@ -304,12 +298,9 @@ TEST(HpdReader, CompanionFileFillsTheOpenFileRecord) {
   o.fileIndex = 4;
   o.openFileFlag = true;
   ASSERT_TRUE(s.readFile(path, o).ok());
-  EXPECT_EQ(s.doc.files.get(4, 0), "1");
-  EXPECT_EQ(s.doc.files.get(4, 1), "north.hpd");
-  EXPECT_EQ(s.doc.files.get(4, 2), "col2");  // from the companion
-  EXPECT_EQ(s.doc.files.get(4, 3), path);
-  EXPECT_EQ(s.doc.files.get(4, 5), "1");
-  EXPECT_EQ(s.doc.files.get(4, 11), "col11");
+  std::vector<std::string> row;
+  for (int column : {0, 1, 2, 3, 5, 11}) row.push_back(s.doc.files.get(4, column));
+  EXPECT_EQ(row, (std::vector<std::string>{"1", "north.hpd", "col2", path, "1", "col11"}));
   EXPECT_EQ(record::field(s.doc.data.text(s.doc.data.find("SYS-001")), 23), "004");
 }
 
@@ -323,10 +314,10 @@ TEST(HpdReader, CardListsAndScannerFilesSkipTheCompanion) {
   HpdReadOptions o = Scratch::defaultRead();
   o.fromScanner = true;
   ASSERT_TRUE(s.readFile(path, o).ok());
-  EXPECT_EQ(s.doc.files.get(1, 2), "");
-  EXPECT_EQ(s.doc.files.get(1, 0), "1");
-  EXPECT_EQ(s.doc.files.get(1, 1), "");  // the scanner's file has no short name or path
-  EXPECT_EQ(s.doc.files.get(1, 3), "");
+  // No companion's name, and the scanner's file has no short name or path.
+  std::vector<std::string> row;
+  for (int column : {0, 1, 2, 3}) row.push_back(s.doc.files.get(1, column));
+  EXPECT_EQ(row, (std::vector<std::string>{"1", "", "", ""}));
 }
 
 TEST(HpdReader, ASystemWithoutANumberTakesTheOneItsLinesCarry) {
@@ -337,9 +328,10 @@ TEST(HpdReader, ASystemWithoutANumberTakesTheOneItsLinesCarry) {
                       "Conventional|||C|Off||Conventional", "C-Group|CGroupId=1|AgencyId=0|G|Off",
                       "C-Group|CGroupId=2|AgencyId=71|G|Off"}))
           .ok());
-  EXPECT_EQ(record::field(s.doc.data.text(s.doc.data.find("SYS-001")), 2), "8123");
-  EXPECT_EQ(record::field(s.doc.data.text(s.doc.data.find("SYS-002")), 2), "55");
-  EXPECT_EQ(record::field(s.doc.data.text(s.doc.data.find("SYS-003")), 2), "71");
+  std::vector<std::string> numbers;
+  for (int n = 1; n <= 3; ++n)
+    numbers.push_back(record::field(s.doc.data.text(s.doc.data.find(keys::system(n))), 2));
+  EXPECT_EQ(numbers, (std::vector<std::string>{"8123", "55", "71"}));
 }
 
 TEST(HpdReader, UnknownServiceNumbersTakeTheOptionOrNotDefined) {

@@ -58,16 +58,13 @@ TEST_P(RealHpd, OpensWithoutSkippedLinesAndCountsItsLineTypes) {
   ASSERT_TRUE(r.ok()) << r.message;
   EXPECT_EQ(r.level, HpdLevel::V3);
   EXPECT_TRUE(r.skipped.empty()) << r.skipped.front().lineNumber << " " << r.skipped.front().reason;
-  EXPECT_EQ(r.counts.systems, types["Conventional"] + types["Trunk"]);
-  EXPECT_EQ(r.counts.sites, types["Site"]);
-  EXPECT_EQ(r.counts.departments, types["C-Group"] + types["T-Group"]);
-  EXPECT_EQ(r.counts.channels, types["C-Freq"]);
-  EXPECT_EQ(r.counts.talkgroups, types["TGID"]);
-  EXPECT_EQ(r.counts.frequencies, types["T-Freq"]);
-  EXPECT_EQ(r.counts.unitIds, types["UnitIds"]);
-  EXPECT_EQ(r.counts.bandPlans, types["BandPlan_Mot"]);
-  EXPECT_EQ(r.counts.bandPlansP25, types["BandPlan_P25"]);
-  EXPECT_EQ(r.counts.fleetMaps, types["FleetMap"]);
+  const HpdCounts& n = r.counts;
+  EXPECT_EQ((std::vector<int>{n.systems, n.sites, n.departments, n.channels, n.talkgroups,
+                              n.frequencies, n.unitIds, n.bandPlans, n.bandPlansP25, n.fleetMaps}),
+            (std::vector<int>{types["Conventional"] + types["Trunk"], types["Site"],
+                              types["C-Group"] + types["T-Group"], types["C-Freq"], types["TGID"],
+                              types["T-Freq"], types["UnitIds"], types["BandPlan_Mot"],
+                              types["BandPlan_P25"], types["FleetMap"]}));
   EXPECT_TRUE(s.feedback.messages.empty());
 
   // The rows of the page files are the channel and talkgroup lines, one for one.
@@ -102,32 +99,12 @@ TEST_P(RealHpd, ASavedFileSavesAgainToTheSameBytes) {
 }
 
 std::string testName(const ::testing::TestParamInfo<std::string>& info) {
-  std::string name = fs::path(info.param).stem().string();
-  if (info.param.find("card_bcd536hp") != std::string::npos) name = "bcd536hp_" + name;
-  if (info.param.find("favorites_lists") != std::string::npos &&
-      info.param.find("card_sds200") != std::string::npos)
-    name = "sds200_" + name;
-  return name;
+  const std::string name = fs::path(info.param).stem().string();
+  if (info.param.find("card_bcd536hp") != std::string::npos) return "bcd536hp_" + name;
+  return info.param.find("favorites_lists") != std::string::npos ? "sds200_" + name : name;
 }
 
 INSTANTIATE_TEST_SUITE_P(Cards, RealHpd, ::testing::ValuesIn(realFiles()), testName);
-
-TEST(RealHpdCheck, TheLargestStateFileNeedsNoLineSkippedAndFewValuesMoved) {
-  test::Scratch s;
-  MemoryRows rows;
-  HpdCheck check =
-      checkHpd(s.doc, rows, kRoot + "/card_sds200/BCDx36HP/HPDB/s_000006.hpd", s.feedback);
-  ASSERT_TRUE(check.read.ok());
-  EXPECT_TRUE(check.read.skipped.empty());
-  EXPECT_EQ(check.read.notKept.at("AreaState"), 689);
-  EXPECT_EQ(check.read.notKept.at("AreaCounty"), 854);
-  // Two DCS codes of this file are on no list of the scanner.
-  ASSERT_EQ(check.audit.moved.size(), 2u);
-  EXPECT_EQ(check.audit.moved[0].field, "SQ Code");
-  EXPECT_EQ(check.audit.filled.at("Delay Time").at("2"), 12515 + 11764);
-  const std::string report = formatCheck(check);
-  EXPECT_NE(report.find("Skipped lines: 0\n"), std::string::npos);
-}
 
 // The lines of each type of a file, in order.
 std::map<std::string, std::vector<std::string>> linesByType(const std::string& text) {
@@ -199,11 +176,21 @@ TEST(RealHpdCheck, TheCheckCountsWhatADiffOfTheConvertShows) {
   }
 }
 
+// The largest state file: no line skipped, few values moved, and its losses counted.
 TEST(RealHpdCheck, TheStateFileReportNamesItsLossesWithTheirCounts) {
-  const std::string path = kRoot + "/card_sds200/BCDx36HP/HPDB/s_000006.hpd";
   test::Scratch s;
   MemoryRows rows;
-  const HpdCheck check = checkHpd(s.doc, rows, path, s.feedback);
+  const HpdCheck check =
+      checkHpd(s.doc, rows, kRoot + "/card_sds200/BCDx36HP/HPDB/s_000006.hpd", s.feedback);
+  ASSERT_TRUE(check.read.ok());
+  EXPECT_TRUE(check.read.skipped.empty());
+  EXPECT_EQ(check.read.notKept.at("AreaState"), 689);
+  EXPECT_EQ(check.read.notKept.at("AreaCounty"), 854);
+  // Two DCS codes of this file are on no list of the scanner.
+  ASSERT_EQ(check.audit.moved.size(), 2u);
+  EXPECT_EQ(check.audit.moved[0].field, "SQ Code");
+  EXPECT_EQ(check.audit.filled.at("Delay Time").at("2"), 12515 + 11764);
+  EXPECT_NE(formatCheck(check).find("Skipped lines: 0\n"), std::string::npos);
   const SaveDiff& d = check.changes;
   EXPECT_EQ(d.lineCount("AreaState", false), 689);
   EXPECT_EQ(d.lineCount("AreaCounty", false), 854);

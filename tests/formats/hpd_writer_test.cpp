@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -51,15 +52,8 @@ TEST(HpdWriter, LevelThreeFileInWalkOrderWithCrLf) {
                                              "FleetMap", "UnitIds", "Site", "BandPlan_Mot",
                                              "T-Freq", "Site", "T-Group", "TGID"}));
   // Every line ends CR LF and no bare LF is left.
-  std::size_t lf = 0, crlf = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\n') {
-      ++lf;
-      crlf += i > 0 && text[i - 1] == '\r';
-    }
-  }
-  EXPECT_EQ(lf, 12u);
-  EXPECT_EQ(crlf, 12u);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 12);
+  EXPECT_EQ(replaceAll(text, "\r\n", "").find('\n'), std::string::npos);
   EXPECT_EQ(lineOf(text, "FleetMap"), "FleetMap|TrunkId=1492|4|4|C|0|0|0|0|0");
 }
 
@@ -179,9 +173,8 @@ TEST(HpdWriter, SaveGoesThroughATemporaryFileAndWritesTheCompanion) {
 
   std::optional<HpiAttributes> hpi = readHpi(hpiPathFor(path));
   ASSERT_TRUE(hpi.has_value());
-  EXPECT_EQ((*hpi)[0], "1");
-  EXPECT_EQ((*hpi)[2], "list");  // the list name comes from the short name
-  EXPECT_EQ((*hpi)[3], path);
+  // The list name comes from the short name.
+  EXPECT_EQ(std::tuple((*hpi)[0], (*hpi)[2], (*hpi)[3]), std::tuple("1", "list", path));
   EXPECT_EQ(test::slurp(hpiPathFor(path)).substr(0, 28), "[TargetModel HomePatrol-2]\r\n");
   EXPECT_EQ(r.fileStatus, "1\tlist.hpd\tlist\t" + path);
 }
