@@ -76,7 +76,6 @@ TEST(AtomicFile, TwoWritersOfOnePathNeverMixTheirBytes) {
   const std::string path = dir.file("list.hpd");
   const std::string a(200000, 'a');
   const std::string b(100000, 'b');
-  bool allOk = true;
   auto writer = [&](const std::string& bytes, bool& ok) {
     for (int i = 0; i < 40; ++i) ok = writeFileAtomically(path, bytes).ok && ok;
   };
@@ -85,8 +84,7 @@ TEST(AtomicFile, TwoWritersOfOnePathNeverMixTheirBytes) {
   std::thread tb(writer, std::cref(b), std::ref(okB));
   ta.join();
   tb.join();
-  allOk = okA && okB;
-  EXPECT_TRUE(allOk);
+  EXPECT_TRUE(okA && okB);
   const std::string end = test::slurp(path);
   EXPECT_TRUE(end == a || end == b) << end.size();
   EXPECT_TRUE(temporariesIn(dir.path()).empty());

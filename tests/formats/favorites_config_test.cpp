@@ -51,14 +51,11 @@ TEST(FavoritesConfig, RowsAreWrittenInFullWithTheirDefaults) {
   rows[1].systemQuickKeys = "";
   const std::string text = formatFavoritesConfig(rows, "F-List");
   const std::vector<std::string> lines = test::fileLines(text);
-  ASSERT_EQ(lines.size(), 4u);
-  EXPECT_EQ(lines[0], "TargetModel\tBCDx36HP");
-  EXPECT_EQ(lines[1], "FormatVersion\t1.00");
   std::string first = "F-List\tNorth\tf_000001.hpd\tOff\tOn\t1\tOff\tOn\t";
-  for (int i = 0; i < 9; ++i) first += "Off\t";
-  for (int i = 0; i < 100; ++i) first += "Off\t";
-  EXPECT_EQ(lines[2], first);
-  EXPECT_EQ(lines[3], "F-List\tNew system 2\tf_000001.hpd\tOn\tOn\tOff\tOff\tOn\tOn\t");
+  for (int i = 0; i < 9 + 100; ++i) first += "Off\t";
+  EXPECT_EQ(lines, (std::vector<std::string>{
+                       "TargetModel\tBCDx36HP", "FormatVersion\t1.00", first,
+                       "F-List\tNew system 2\tf_000001.hpd\tOn\tOn\tOff\tOff\tOn\tOn\t"}));
   EXPECT_EQ(text.substr(text.size() - 3), "\t\r\n");
 }
 
@@ -71,16 +68,12 @@ TEST(FavoritesConfig, ReadingTurnsFlagsBackAndKeepsTheTag) {
   FavoritesConfig c = parseFavoritesConfig(text);
   EXPECT_EQ(c.tag, "F-List ");
   ASSERT_EQ(c.rows.size(), 2u);
-  EXPECT_EQ(c.rows[0].name, "A, B");
-  EXPECT_EQ(c.rows[0].file, "f_000003.hpd");
-  EXPECT_EQ(c.rows[0].locationControl, "On");
-  EXPECT_EQ(c.rows[0].monitor, "Off");
-  EXPECT_EQ(c.rows[0].keysText(), "4 / FQK: 12");
-  EXPECT_EQ(c.rows[0].startupKeys, "101");
-  EXPECT_EQ(c.rows[0].systemQuickKeys, "");
-  EXPECT_EQ(c.rows[1].file, "f_000009.hpd");  // listed though no such file exists
-  EXPECT_EQ(c.rows[0].tag, "F-List ");        // each line keeps the tag it was read with
-  EXPECT_EQ(c.rows[1].tag, "F-1ist");
+  const FavoritesListRow& a = c.rows[0];
+  EXPECT_EQ(std::tuple(a.name, a.file, a.locationControl, a.monitor, a.keysText(), a.startupKeys,
+                       a.systemQuickKeys, a.tag),
+            std::tuple("A, B", "f_000003.hpd", "On", "Off", "4 / FQK: 12", "101", "", "F-List "));
+  // Listed though no such file exists; each line keeps the tag it was read with.
+  EXPECT_EQ(std::tuple(c.rows[1].file, c.rows[1].tag), std::tuple("f_000009.hpd", "F-1ist"));
 }
 
 TEST(FavoritesConfig, WriteThenReadKeepsEveryRow) {
