@@ -59,15 +59,15 @@ TEST(QkeyLayout, EachFieldValueGoesToItsBucket) {
 TEST(QkeyLayout, SystemAndDepartmentViewsNameTheirItems) {
   Doc d;
   const Layout systems = systemLayout(d.doc.data);
-  EXPECT_EQ(d.bucket(systems, kNoKey), std::vector<std::string>{"[C] Sys1"});
-  EXPECT_EQ(d.bucket(systems, 7), std::vector<std::string>{"[T] Sys2"});
-  EXPECT_EQ(d.bucket(systems, 99), std::vector<std::string>{"[T] Sys3"});
+  using Buckets = std::vector<std::vector<std::string>>;
+  EXPECT_EQ((Buckets{d.bucket(systems, kNoKey), d.bucket(systems, 7), d.bucket(systems, 99)}),
+            (Buckets{{"[C] Sys1"}, {"[T] Sys2"}, {"[T] Sys3"}}));
 
   const Layout departments = departmentLayout(d.doc.data, 2);
   ASSERT_EQ(departments.items.size(), 3u);  // the site frequency is no item
-  EXPECT_EQ(d.bucket(departments, 3), std::vector<std::string>{"[DEP] Fire"});
-  EXPECT_EQ(d.bucket(departments, 12), std::vector<std::string>{"[SITE] North"});
-  EXPECT_EQ(d.bucket(departments, kNoKey), std::vector<std::string>{"[DEP] Police"});
+  EXPECT_EQ(
+      (Buckets{d.bucket(departments, 3), d.bucket(departments, 12), d.bucket(departments, kNoKey)}),
+      (Buckets{{"[DEP] Fire"}, {"[SITE] North"}, {"[DEP] Police"}}));
 }
 
 TEST(QkeyLayout, AMoveWritesOnlyTheKeyFieldOfTheMovedRecords) {
@@ -156,10 +156,9 @@ TEST(QkeyLayout, PrintedSystemViewNamesTheTenKeysOfTheDecadeOnShow) {
   moveTo(layout, {"GRP-999-002-001"}, 19);
   const std::vector<std::string> lines = bucketPrintLines(layout, "Sys2", 1);
   ASSERT_EQ(lines.size(), 11u);
-  EXPECT_EQ(lines[0], "QuickKeys for: Sys2");
-  EXPECT_EQ(lines[1], "QuicKey 1:");
-  EXPECT_EQ(lines[3], "QuicKey 3:  [SITE] North");
-  EXPECT_EQ(lines[10], "QuicKey 10:  [DEP] Police");
+  EXPECT_EQ(std::tuple(lines[0], lines[1], lines[3], lines[10]),
+            std::tuple("QuickKeys for: Sys2", "QuicKey 1:", "QuicKey 3:  [SITE] North",
+                       "QuicKey 10:  [DEP] Police"));
 }
 
 }  // namespace

@@ -14,20 +14,15 @@ TEST(QkeyRealdata, Bcd536hpCardOverview) {
   ASSERT_EQ(overview.lists.size(), 1u);
   const CardList& list = overview.lists[0];
   EXPECT_EQ(list.key, 1);
+  std::vector<std::tuple<CardItem, int, std::size_t>> systems;
+  for (const CardSystem& s : list.systems) systems.emplace_back(s.item, s.key, s.children.size());
+  EXPECT_EQ(systems,
+            (std::vector<std::tuple<CardItem, int, std::size_t>>{{CardItem::Trunk, 1, 3},
+                                                                 {CardItem::Conventional, 2, 5},
+                                                                 {CardItem::Conventional, 3, 2}}));
   ASSERT_EQ(list.systems.size(), 3u);
-  const struct {
-    CardItem item;
-    int key;
-    std::size_t children;
-  } expected[] = {{CardItem::Trunk, 1, 3}, {CardItem::Conventional, 2, 5}, {CardItem::Conventional, 3, 2}};
-  for (std::size_t i = 0; i < 3; ++i) {
-    const CardSystem& s = list.systems[i];
-    EXPECT_EQ(s.item, expected[i].item) << s.name;
-    EXPECT_EQ(s.key, expected[i].key) << s.name;
-    EXPECT_EQ(s.children.size(), expected[i].children) << s.name;
-  }
-  EXPECT_EQ(list.systems[1].children[0].key, 1);
-  EXPECT_EQ(list.systems[1].children[4].key, 5);
+  EXPECT_EQ(std::pair(list.systems[1].children[0].key, list.systems[1].children[4].key),
+            std::pair(1, 5));
   EXPECT_TRUE(overview.duplicates.empty());
 }
 
