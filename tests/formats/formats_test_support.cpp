@@ -1,9 +1,9 @@
 #include "formats_test_support.h"
 
 #include <fstream>
-#include <sstream>
 
 #include "core/keys.h"
+#include "core/text.h"
 #include "formats/text_file.h"
 
 namespace zel::formats::test {
@@ -22,28 +22,16 @@ std::string Scratch::render(HpdWriteOptions options) {
 }
 
 std::string Scratch::page(int system, int department) const {
-  std::string out;
-  for (const std::string& line : pages.load(keys::department(system, department))) {
-    if (!out.empty()) out += "\n";
-    out += line;
-  }
-  return out;
+  return join(pages.load(keys::department(system, department)), '\n');
 }
 
 std::string tabs(std::string_view line) {
-  std::string out(line);
-  for (char& c : out) {
-    if (c == '|') c = '\t';
-  }
-  return out;
+  return replaceAll(line, "|", "\t");
 }
 
 std::string hpdFile(std::initializer_list<std::string_view> lines) {
   std::string out = "TargetModel\tBCDx36HP\r\nFormatVersion\t1.00\r\n";
-  for (std::string_view l : lines) {
-    out += tabs(l);
-    out += "\r\n";
-  }
+  for (std::string_view l : lines) out += tabs(l) + "\r\n";
   return out;
 }
 
@@ -57,21 +45,14 @@ std::string lineOf(std::string_view text, std::string_view word, int nth) {
   for (const std::string& l : fileLines(text)) {
     if (l.rfind(word, 0) == 0 && (l.size() == word.size() || l[word.size()] == '\t')) {
       if (nth-- > 0) continue;
-      std::string shown = l;
-      for (char& c : shown) {
-        if (c == '\t') c = '|';
-      }
-      return shown;
+      return replaceAll(l, "\t", "|");
     }
   }
   return "<none>";
 }
 
 std::string slurp(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream s;
-  s << in.rdbuf();
-  return s.str();
+  return readWholeFile(path).value_or("");
 }
 
 void spit(const std::string& path, std::string_view content) {

@@ -4,16 +4,14 @@
 
 #include <algorithm>
 
+#include "core/text.h"
 #include "formats_test_support.h"
 
 namespace zel::formats {
 namespace {
 
-std::string shown(std::string line) {
-  for (char& c : line) {
-    if (c == '\t') c = '|';
-  }
-  return line;
+std::string shown(std::string_view line) {
+  return replaceAll(line, "\t", "|");
 }
 
 TEST(ToneRules, SearchUnderTheFiveDigitalModesIsAlwaysNacSrch) {
@@ -135,9 +133,8 @@ TEST(SystemLineBuilders, AreaAndQuickKeyLines) {
 }
 
 TEST(FleetMaps, OnlyWhenSetAndNotAllZero) {
-  EXPECT_EQ(buildFleetMapLine("", "2"), "");
-  EXPECT_EQ(buildFleetMapLine("FRN,0,0,0,0,0,0,0,0", "2"), "");
-  EXPECT_EQ(buildFleetMapLine("FMP,0,0,0,0,0,0,0,0", "2"), "");
+  for (const char* none : {"", "FRN,0,0,0,0,0,0,0,0", "FMP,0,0,0,0,0,0,0,0"})
+    EXPECT_EQ(buildFleetMapLine(none, "2"), "") << none;
   EXPECT_EQ(shown(buildFleetMapLine("FMP,4,4,12,0,,14,0,16", "1492")),
             "FleetMap|TrunkId=1492|4|4|C|0|SRCH|E|0|10");
 }
@@ -193,12 +190,11 @@ TEST(SiteBuilders, SiteFrequencies) {
             "T-Freq|TFreqId=0|SiteId=130||Off|851900000|1|8|Srch");
   EXPECT_EQ(shown(buildSiteFrequencyLine("TFQ,851.900000,,", 130, 6, false)),
             "T-Freq|TFreqId=0|SiteId=130||Off|851900000|6|Srch|Srch");
-  EXPECT_EQ(shown(buildSiteFrequencyLine("TFQ,451.937500,3,,RAN=5", 2, 1, true)),
-            "T-Freq|TFreqId=0|SiteId=2||Off|451937500|3|RAN=5|RAN=5");
-  EXPECT_EQ(shown(buildSiteFrequencyLine("TFQ,451.937500,3,,7", 2, 1, true)),
-            "T-Freq|TFreqId=0|SiteId=2||Off|451937500|3|RAN=7|RAN=7");
-  EXPECT_EQ(shown(buildSiteFrequencyLine("TFQ,451.937500,3,,Area=1", 2, 1, true)),
-            "T-Freq|TFreqId=0|SiteId=2||Off|451937500|3|Area=1|Area=1");
+  for (const auto& [code, field] :
+       {std::pair{"RAN=5", "RAN=5"}, std::pair{"7", "RAN=7"}, std::pair{"Area=1", "Area=1"}}) {
+    EXPECT_EQ(shown(buildSiteFrequencyLine(std::string("TFQ,451.937500,3,,") + code, 2, 1, true)),
+              "T-Freq|TFreqId=0|SiteId=2||Off|451937500|3|" + std::string(field) + "|" + field);
+  }
 }
 
 TEST(GroupBuilders, DepartmentLinesWithTheirIds) {
