@@ -4,11 +4,11 @@
 //   zel csv export FILE.hpd OUT.csv [--zel]
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 
 #include "cli/command_registry.h"
 #include "cli/rr_listing.h"
+#include "core/atomic_file.h"
 #include "core/document.h"
 #include "core/keys.h"
 #include "core/memory_ports.h"
@@ -48,19 +48,10 @@ class Scratch {
   std::string folder_;
 };
 
+// The file is replaced whole through the suite's atomic writer, or left as it was.
 void writeWhole(const std::string& path, const std::string& text) {
-  std::string temp = path + ".part";
-  {
-    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-    if (!out || !(out << text) || !out.flush()) {
-      std::error_code ec;
-      fs::remove(temp, ec);
-      throw cli::UserError{"Cannot write " + path + "."};
-    }
-  }
-  std::error_code ec;
-  fs::rename(temp, path, ec);
-  if (ec) throw cli::UserError{"Cannot write " + path + "."};
+  const WriteStatus written = writeFileAtomically(path, text, KeepBackup::OncePerSession);
+  if (!written.ok) throw cli::UserError{written.message};
 }
 
 }  // namespace

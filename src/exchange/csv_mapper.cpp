@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "core/atomic_file.h"
 #include "core/record_line.h"
 #include "core/tables.h"
 #include "core/text.h"
@@ -372,19 +373,7 @@ std::string CsvMapper::saveFile(const std::string& path) const {
   namespace fs = std::filesystem;
   std::string target = path;
   if (fs::path(target).filename().string().find('.') == std::string::npos) target += ".csv";
-  std::string temp = target + ".part";
-  {
-    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-    if (!out) return {};
-    out << plainExport();
-    if (!out.flush()) return {};
-  }
-  std::error_code ec;
-  fs::rename(temp, target, ec);
-  if (ec) {
-    fs::remove(temp, ec);
-    return {};
-  }
+  if (!writeFileAtomically(target, plainExport()).ok) return {};
   return target;
 }
 
