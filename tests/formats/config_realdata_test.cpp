@@ -19,10 +19,9 @@ TEST(RealFavoritesConfig, TheSds200ListWritesBackByteForByte) {
   std::optional<FavoritesConfig> c = readFavoritesConfig(path);
   ASSERT_TRUE(c.has_value());
   ASSERT_EQ(c->rows.size(), 1u);
-  EXPECT_EQ(c->tag, "F-List");
-  EXPECT_EQ(c->rows[0].file, "f_000001.hpd");
-  EXPECT_EQ(c->rows[0].startupKeys.size(), 10u);
-  EXPECT_EQ(c->rows[0].systemQuickKeys.size(), 100u);
+  EXPECT_EQ(std::tuple(c->tag, c->rows[0].file, c->rows[0].startupKeys.size(),
+                       c->rows[0].systemQuickKeys.size()),
+            std::tuple("F-List", "f_000001.hpd", 10u, 100u));
   EXPECT_EQ(formatFavoritesConfig(c->rows, c->tag), test::slurp(path));
 }
 
@@ -32,11 +31,9 @@ TEST(RealFavoritesConfig, TheBcd536ListGainsOnlyItsEndingTab) {
   ASSERT_TRUE(c.has_value());
   ASSERT_EQ(c->rows.size(), 1u);
   const FavoritesListRow& row = c->rows[0];
-  EXPECT_EQ(row.name, "(1) North Royalton");
-  EXPECT_EQ(row.monitor, "On");
-  EXPECT_EQ(row.keysText(), "1 / FQK: Off");
-  EXPECT_EQ(row.startupKeys, "0000000000");
-  EXPECT_EQ(row.systemQuickKeys.substr(0, 4), "0111");
+  EXPECT_EQ(std::tuple(row.name, row.monitor, row.keysText(), row.startupKeys,
+                       row.systemQuickKeys.substr(0, 4)),
+            std::tuple("(1) North Royalton", "On", "1 / FQK: Off", "0000000000", "0111"));
   // The scanner ended its last line without TAB or line end; this system writes both.
   EXPECT_EQ(formatFavoritesConfig(c->rows, c->tag), test::slurp(path) + "\t\r\n");
 }

@@ -4,6 +4,7 @@
 
 #include "core/keys.h"
 #include "core/record_line.h"
+#include "core/text.h"
 #include "formats/hpi_file.h"
 #include "formats_test_support.h"
 
@@ -255,16 +256,8 @@ TEST(HpdReader, LineEndsOfAnyKindAndOddBytes) {
       "TargetModel\tBCDx36HP|Conventional\t\t\tN\xE9\x7F\x01me\tOff\t\tConventional|"
       "C-Group\t\t\tG\tOff|C-Freq\t\t\tCh\tOff\t155000000\tFM\t\t3|C-Freq\t\t\tCut\tOff\t15";
   for (std::string_view end : {"\r\n", "\n", "\r"}) {
-    std::string content;
-    for (char c : body) {
-      if (c == '|') {
-        content += end;
-      } else {
-        content.push_back(c);
-      }
-    }
     Scratch s;
-    HpdReadResult r = s.read(content);
+    HpdReadResult r = s.read(replaceAll(body, "|", end));
     ASSERT_TRUE(r.ok());
     EXPECT_EQ(r.counts.channels, 2);
     EXPECT_EQ(s.doc.systems.get(1, 1), "N\xE9\x7F\x01me");
