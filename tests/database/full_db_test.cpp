@@ -59,14 +59,12 @@ TEST(HpdbIndex, StateInfoLinesNameTheStates) {
       "CountyInfo\tCountyId=1\tStateId=1\tAutauga\r\n"
       "StateInfo\tStateId=101\r\n";                      // no name: named by its number
   const std::vector<StateEntry> states = parseIndex(text, "/db");
-  ASSERT_EQ(states.size(), 3u);
-  const std::tuple<std::string, int, std::string> expected[] = {
-      {"California", 6, "/db/s_000006.hpd"}, {"Ohio", 39, "/db/s_000039.hpd"},
-      {"State 101", 101, "/db/s_000101.hpd"}};
-  for (std::size_t n = 0; n < states.size(); ++n) {
-    EXPECT_EQ(std::tie(states[n].name, states[n].number, states[n].path),
-              std::tie(std::get<0>(expected[n]), std::get<1>(expected[n]), std::get<2>(expected[n])));
-  }
+  using Entry = std::tuple<std::string, int, std::string>;
+  std::vector<Entry> got;
+  for (const StateEntry& s : states) got.emplace_back(s.name, s.number, s.path);
+  ASSERT_EQ(got, (std::vector<Entry>{{"California", 6, "/db/s_000006.hpd"},
+                                     {"Ohio", 39, "/db/s_000039.hpd"},
+                                     {"State 101", 101, "/db/s_000101.hpd"}}));
   const std::pair<const char*, int> lookups[] = {
       {"california", 6}, {"S_000039.HPD", 39}, {" Ohio ", 39}, {"Texas", -1}, {"", -1}};
   for (const auto& [text, number] : lookups) {
