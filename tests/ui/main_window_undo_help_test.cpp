@@ -143,11 +143,11 @@ class MainWindowUndoHelpTest : public QObject {
     for (const QString& key : owner.keys())
       QVERIFY2(listed.contains(QKeySequence(key).toString(QKeySequence::NativeText)),
                qPrintable(key));
-    bool gridUndo = false;
+    bool gridInsert = false;  // the grid's own keys are listed too
     for (int r = 0; r < table->rowCount(); ++r)
-      gridUndo = gridUndo || (table->item(r, 0)->text() == "Grid" &&
-                              table->item(r, 1)->text() == "Insert Row");
-    QVERIFY(gridUndo);
+      gridInsert |=
+          table->item(r, 0)->text() == "Grid" && table->item(r, 1)->text() == "Insert Row";
+    QVERIFY(gridInsert);
   }
 
   void aboutNamesEachLibraryWithItsLicence() {
