@@ -1,5 +1,4 @@
-// The cards' configuration files: f_list.cfg reads and writes back, profile.cfg keeps every
-// line that is not its three flag lines.
+// The real cards' f_list.cfg written back, and profile.cfg changed only in its three flag lines.
 #include <gtest/gtest.h>
 
 #include <filesystem>

@@ -1,6 +1,4 @@
-// Inputs no scanner writes: shuffled pieces of real line types, random bytes, cut lines. A
-// read either fails leaving nothing behind or succeeds, and what it read saves to a file that
-// reads back without a skipped line.
+// Random and cut inputs: a read fails leaving nothing, or saves to a file that reads back whole.
 #include <gtest/gtest.h>
 
 #include <random>

@@ -1,5 +1,4 @@
-// System lines through a read and a save, and new systems through a save: each must come out
-// as the scanner writes it.
+// System lines, read or new, come out of a save as the scanner writes them.
 #include <gtest/gtest.h>
 
 #include "core/new_commands.h"
