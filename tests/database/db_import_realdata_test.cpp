@@ -1,5 +1,4 @@
-// Chosen parts of real systems into a new list: the list saves, reads back and saves to the
-// same bytes, and holds the parts chosen with their fleet map and band plan.
+// Parts of real systems into a new list that saves to a fixpoint with its fleet map and band plan.
 #include <gtest/gtest.h>
 
 #include "core/memory_ports.h"

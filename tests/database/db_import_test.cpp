@@ -1,6 +1,4 @@
-// The database import over a small state file: which systems the filter lets through,
-// which parts a choice takes and under which keys, and the refusals that leave the
-// document as it was.
+// The database import: the filter, what a choice takes under which keys, and the refusals.
 #include <gtest/gtest.h>
 
 #include "core/keys.h"

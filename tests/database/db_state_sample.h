@@ -1,6 +1,4 @@
-// A small state file of the full database for the import tests: a conventional county
-// system with two departments (one without a place) and a P25 system with two sites and two
-// talkgroup departments.
+// A small state file: a county system of two departments and a P25 system of two sites.
 #pragma once
 
 #include <string>

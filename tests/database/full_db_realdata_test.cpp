@@ -1,6 +1,4 @@
-// The full database of a real SDS200 card: every state file the index names loads into rows
-// and comes back byte for byte, and an apply over a chosen department changes exactly the
-// table's fields of exactly its channel lines.
+// The real SDS200 database: every state file round-trips; an apply changes only the table's fields.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,6 +1,4 @@
-// The full database library: where a database is found, what an index names, how lines are
-// recognised and keyed, how settings are named, and what reaches a point.
-// Listing and applying are proven through the window (tests/ui) and on the real database.
+// The full database library; listing and applying are proven by the window and realdata tests.
 #include <gtest/gtest.h>
 
 #include <filesystem>

@@ -1,5 +1,4 @@
-// The card's quick key overview: keys used twice in each scope, the rows with their keys,
-// shortcuts and sort order, and the HTML page of a small card folder written by hand.
+// The card's quick key overview: keys used twice, the rows, their order and the HTML page.
 #include "database/qkey_card.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,4 @@
-// The quick key layout over records as the tree holds them: which bucket each item takes,
-// what a move writes back (and what it leaves alone), the next free key, and the system key
-// helpers of the status window.
+// The quick key layout: buckets, what a move writes back, the next free key and the overviews.
 #include "database/qkey_layout.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-// The quick keys of a real BCD536HP card's list: its one list on key 1, the three systems on
-// keys 1 to 3, their departments numbered from 1, and no key used twice.
+// The quick keys of the real BCD536HP card's one list.
 #include <gtest/gtest.h>
 
 #include "database/qkey_card.h"
