@@ -1,7 +1,4 @@
-// The database import window over a small database in the test's folder: opened from the
-// File menu, the database found on a card root or in a folder, a state read, the list
-// narrowed by name, one site of a trunked system ticked and imported; the main window's tree
-// then shows the new system and the document is changed.
+// The database import window over a small database: found, read, narrowed, one site imported.
 #include "ui/db_import_window.h"
 
 #include <QComboBox>

@@ -1,6 +1,4 @@
-// The main window's Edit > Undo and Redo over the department on show, the icons of the
-// tree's node kinds, and the Help menu: the keyboard map made from the menus and the About
-// box. Every command is reachable by a shortcut of its own.
+// Edit > Undo/Redo, the node icons and the Help menu of the main window.
 #include <QAction>
 #include <QDialog>
 #include <QLabel>

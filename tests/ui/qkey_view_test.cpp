@@ -1,7 +1,4 @@
-// The quick key windows under the offscreen platform over the real BCD536HP card's list
-// (systems on keys 1, 2 and 3): the decade combo, rows dropped between buckets and written
-// back into the records, and the card overview found by the card detection. With
-// ZEL_SCREENSHOT_DIR set, the windows are also saved there as pictures.
+// The quick key windows over the real BCD536HP card (ZEL_SCREENSHOT_DIR saves pictures of them).
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -67,8 +64,9 @@ class QkeyViewTest : public QObject {
     QCOMPARE(test::child<QLabel>(&view, "qkLabel0")->text(), QString("QuickKey: 0"));
     QCOMPARE(texts(view.bucketList(1)).size(), 1);
     combo->setCurrentIndex(9);
-    QCOMPARE(test::child<QLabel>(&view, "qkLabel0")->text(), QString("QuickKey: 90"));
-    QCOMPARE(test::child<QLabel>(&view, "qkLabel9")->text(), QString("QuickKey: 99"));
+    QCOMPARE(test::child<QLabel>(&view, "qkLabel0")->text() + "," +
+                 test::child<QLabel>(&view, "qkLabel9")->text(),
+             QString("QuickKey: 90,QuickKey: 99"));
     QVERIFY(texts(view.bucketList(1)).isEmpty());
   }
 
@@ -100,9 +98,9 @@ class QkeyViewTest : public QObject {
     QVERIFY(!f.doc().changed);
     QCOMPARE(view.save(), 3);
     QVERIFY(f.doc().changed);
-    QCOMPARE(field(f.doc(), "SYS-001", 13), std::string("6"));
-    QCOMPARE(field(f.doc(), "SYS-002", 13), std::string("6"));
-    QCOMPARE(field(f.doc(), "SYS-003", 13), std::string("None"));
+    QCOMPARE(field(f.doc(), "SYS-001", 13) + "," + field(f.doc(), "SYS-002", 13) + "," +
+                 field(f.doc(), "SYS-003", 13),
+             std::string("6,6,None"));
   }
 
   void aDepartmentDroppedOnNoKeyGetsOffAndCancelWritesNothing() {
@@ -142,8 +140,8 @@ class QkeyViewTest : public QObject {
     QVERIFY(texts(view.bucketList(1)).isEmpty());
     test::click(&view, "Command1");
     QCOMPARE(view.result(), int(QDialog::Accepted));
-    QCOMPARE(field(f.doc(), dept.c_str(), 10), std::string("Off"));
-    QCOMPARE(field(f.doc(), "GRP-999-002-001", 10), std::string("2"));
+    QCOMPARE(field(f.doc(), dept.c_str(), 10) + "," + field(f.doc(), "GRP-999-002-001", 10),
+             std::string("Off,2"));
   }
 
   void printOverviewToAFileOrSayWhyNot() {
