@@ -63,20 +63,6 @@ TEST_F(CardFixture, NewListTakesTheLowestFreeNumberAndACopiedInNameIsWrappedOnce
   EXPECT_EQ(card.rows()[4].name, "[FDone]");
 }
 
-TEST_F(CardFixture, ConfigurationIsNeverRewrittenWithoutItsBackup) {
-  auto card = cardWithGap();
-  const std::string before = readText(fav + "/f_list.cfg");
-  ASSERT_FALSE(fs::exists(fav + "/f_list.bac"));
-  ASSERT_TRUE(card.saveList(kHpd, "Two", std::nullopt, false).status.ok);
-  EXPECT_EQ(readText(fav + "/f_list.bac"), before);
-  const std::string second = readText(fav + "/f_list.cfg");
-  ASSERT_TRUE(card.reorder({3}).ok);
-  EXPECT_EQ(readText(fav + "/f_list.bac"), second);
-  const std::string third = readText(fav + "/f_list.cfg");
-  ASSERT_TRUE(card.quickKeys(QuickKeyCommand::Clear).ok);
-  EXPECT_EQ(readText(fav + "/f_list.bac"), third);
-}
-
 TEST_F(CardFixture, DeleteKeepsTheListAsBacAndDropsTheRow) {
   auto card = cardWithGap();
   const std::string cfg = readText(fav + "/f_list.cfg");
@@ -91,15 +77,20 @@ TEST_F(CardFixture, DeleteKeepsTheListAsBacAndDropsTheRow) {
   EXPECT_FALSE(card.deleteList(7).ok);
 }
 
-TEST_F(CardFixture, OverwriteKeepsTheNumberAndTheOldFileAsBac) {
+// The first overwrite of a list keeps the original as ".bac"; a second one in the same
+// session, and the delete after it, leave that backup as it was.
+TEST_F(CardFixture, OverwriteKeepsTheNumberAndTheOriginalAsBac) {
   auto card = cardWithGap();
-  auto out = card.saveList(kHpd + "new\r\n", "", 3, false);
+  auto out = card.saveList(kHpd + "first\r\n", "", 3, false);
   ASSERT_TRUE(out.status.ok);
   EXPECT_EQ(out.number, 3);
-  EXPECT_EQ(readText(fav + "/f_000003.hpd"), kHpd + "new\r\n");
+  ASSERT_TRUE(card.saveList(kHpd + "second\r\n", "", 3, false).status.ok);
+  EXPECT_EQ(readText(fav + "/f_000003.hpd"), kHpd + "second\r\n");
   EXPECT_EQ(readText(fav + "/f_000003.bac"), kHpd + "three\r\n");
   EXPECT_EQ(card.rows()[1].name, "Three");
   EXPECT_FALSE(card.saveList(kHpd, "x", 9, false).status.ok);
+  ASSERT_TRUE(card.deleteList(3).ok);
+  EXPECT_EQ(readText(fav + "/f_000003.bac"), kHpd + "three\r\n");
 }
 
 TEST_F(CardFixture, ReorderPutsNamedListsFirst) {
@@ -209,18 +200,6 @@ TEST_F(CardFixture, NamesWithLineBreaksKeepTheirListNamed) {
   }
 }
 
-// The first overwrite of a list keeps the original as ".bac"; a second one in the same
-// session does not replace that backup with the first overwrite's data.
-TEST_F(CardFixture, SecondOverwriteKeepsTheFirstBackup) {
-  auto card = cardWithGap();
-  ASSERT_TRUE(card.saveList(kHpd + "first\r\n", "", 1, false).status.ok);
-  ASSERT_TRUE(card.saveList(kHpd + "second\r\n", "", 1, false).status.ok);
-  EXPECT_EQ(readText(fav + "/f_000001.hpd"), kHpd + "second\r\n");
-  EXPECT_EQ(readText(fav + "/f_000001.bac"), kHpd + "one\r\n");
-  ASSERT_TRUE(card.deleteList(1).ok);
-  EXPECT_EQ(readText(fav + "/f_000001.bac"), kHpd + "one\r\n");
-}
-
 // A step that fails at any point puts every file back: the file the step writes is blocked
 // (a read-only file, or a folder where a new file would go), so that write is refused.
 TEST_F(CardFixture, FailedWriteLeavesTheCardByteForByte) {
@@ -277,18 +256,6 @@ TEST_F(CardFixture, CardWithoutConfigurationHasNoListsAndGetsOne) {
   FavoritesCard again(state);
   ASSERT_TRUE(again.load().ok);
   EXPECT_FALSE(fs::exists(fav + "/f_000002.hpd.zeltmp"));
-}
-
-TEST(CardPathsTest, FileNamesByFamily) {
-  auto bcd = cardPaths("/c/BCDx36HP", CardFamily::Bcd);
-  EXPECT_EQ(bcd.listFileName(7), "f_000007.hpd");
-  EXPECT_EQ(bcd.config, "/c/BCDx36HP/favorites_lists/f_list.cfg");
-  EXPECT_EQ(bcd.backup, "/c/BCDx36HP/favorites_lists/f_list.bac");
-  auto hp = cardPaths("/c/BCDx36HP", CardFamily::HomePatrol);
-  EXPECT_EQ(hp.listFileName(12), "favorites_000012.hpd");
-  EXPECT_EQ(hp.config, "/c/BCDx36HP/favorites_lists/favorites_lists.config");
-  EXPECT_EQ(hp.backup, "/c/BCDx36HP/favorites_lists/favorites_lists.backup");
-  EXPECT_EQ(backupNameOf("favorites_000003.hpd"), "favorites_000003.bac");
 }
 
 }  // namespace
