@@ -62,22 +62,6 @@ TEST(CharFilters, EveryCodeOfEveryFilter) {
   }
 }
 
-TEST(CharFilters, ApplyMatchesTheCodeTable) {
-  // A text of all 256 codes comes out as exactly the kept codes, "_" for replaced ones.
-  std::string all;
-  for (int code = 0; code < 256; ++code) all.push_back(static_cast<char>(code));
-  for (const FilterCase& f : kFilters) {
-    if (f.filter == CharFilter::Code) continue;  // upper-cases first, below
-    std::string expected;
-    for (int code = 0; code < 256; ++code) {
-      CharAction a = f.expected(code);
-      if (a == CharAction::Keep) expected.push_back(static_cast<char>(code));
-      if (a == CharAction::Underscore) expected.push_back('_');
-    }
-    EXPECT_EQ(applyFilter(f.filter, all), expected) << f.name;
-  }
-}
-
 TEST(CharFilters, Texts) {
   struct Case {
     CharFilter filter;

@@ -99,8 +99,6 @@ TEST(CommitText, NamesAndCommentsAreCut) {
 TEST(CommitText, UnknownHeadingStoresNothing) {
   EXPECT_EQ(commitText("Mode", "AM", {}).status, CommitStatus::UnknownHeading);
   EXPECT_EQ(commitText("", "1", {}).status, CommitStatus::UnknownHeading);
-  EXPECT_FALSE(ruleForHeading("Avoid").has_value());
-  EXPECT_EQ(ruleForHeading("GSSI:"), Rule::Gssi);
 }
 
 GridPage channelGrid() {
