@@ -13,9 +13,9 @@ struct UsageCase {
   std::string err;  // the whole of standard error
 };
 
-class UnknownCommand : public ZelTest, public ::testing::WithParamInterface<UsageCase> {};
+class BadUsage : public ZelTest, public ::testing::WithParamInterface<UsageCase> {};
 
-TEST_P(UnknownCommand, NamesTheWordAndTheCommandsThatMayStandThere) {
+TEST_P(BadUsage, IsOneSentenceNamingWhatMayStandThere) {
   const UsageCase& c = GetParam();
   ZelRun r = zel(c.args);
   EXPECT_EQ(r.exitCode, 2);
@@ -24,7 +24,7 @@ TEST_P(UnknownCommand, NamesTheWordAndTheCommandsThatMayStandThere) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Cases, UnknownCommand,
+    Cases, BadUsage,
     ::testing::Values(
         UsageCase{"card lsit",
                   "Unknown command \"lsit\" for \"zel card\": use one of detect, list, write, "
@@ -34,21 +34,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "bulk-set, banknames, report.\n"},
         UsageCase{"dupz x.hpd",
                   "Unknown command \"dupz\" for \"zel\": use one of version, hpd, vocab, db, card, "
-                  "cell, dups, csv, qkeys, sim, ports, rr, monitor, key, sweep, demo.\n"}));
-
-class NoOutputNamed : public ZelTest, public ::testing::WithParamInterface<UsageCase> {};
-
-TEST_P(NoOutputNamed, IsRefusedWithOneSentence) {
-  const UsageCase& c = GetParam();
-  ZelRun r = zel(c.args);
-  EXPECT_EQ(r.exitCode, 2);
-  EXPECT_EQ(r.out, "");
-  EXPECT_EQ(r.err, c.err);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, NoOutputNamed,
-    ::testing::Values(
+                  "cell, dups, csv, qkeys, sim, ports, rr, monitor, key, sweep, demo.\n"},
         UsageCase{"csv export missing.hpd", "Name the file to write with OUT or -o.\n"},
         UsageCase{"hpd convert missing.hpd", "Name the file to write with OUT or -o.\n"}));
 
@@ -94,18 +80,6 @@ INSTANTIATE_TEST_SUITE_P(Cases, SummaryLine,
                                                        "Wrote OUT: 1 systems\n"},
                                            SummaryCase{"dups IN", "No duplicates found.\n"},
                                            SummaryCase{"dups IN --json", "[]\n"}));
-
-// The card's lists are read into a file named by -o as by --out.
-class CardOutput : public CardCommand, public ::testing::WithParamInterface<std::string> {};
-
-TEST_P(CardOutput, NamesTheFileWritten) {
-  const std::string c = card("c", "BCD536HP");
-  ZelRun r = zel("card read 1 " + GetParam() + " '" + path("read.hpd") + "'" + root(c));
-  ASSERT_EQ(r.exitCode, 0) << r.err;
-  EXPECT_TRUE(fs::exists(path("read.hpd")));
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, CardOutput, ::testing::Values("-o", "--out"));
 
 }  // namespace
 }  // namespace zel::e2e

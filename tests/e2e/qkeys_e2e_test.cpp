@@ -27,13 +27,6 @@ class QkeysCommand : public zel::e2e::ZelTest {
     ZelTest::SetUp();
     std::ofstream(path("in.hpd"), std::ios::binary) << kList;
   }
-  std::string field(const std::string& file, const std::string& type, std::size_t n) {
-    for (std::string line : pieces(slurp(file))) {
-      if (!line.empty() && line.back() == '\r') line.pop_back();
-      if (line.rfind(type + "\t", 0) == 0) return pieces(line, '\t').at(n);
-    }
-    return "(no line)";
-  }
 };
 
 TEST_F(QkeysCommand, ShowListsTheBucketsInUseAndTheNextFreeKey) {
@@ -54,11 +47,8 @@ TEST_F(QkeysCommand, SetWritesEachKeyWherePositionalOrOption) {
                  "--set sys-001=Off -o '" + path("out.hpd") + "'");
   ASSERT_EQ(r.exitCode, 0) << r.err;
   EXPECT_EQ(r.out, "Set 4 quick keys; wrote " + path("out.hpd") + ".\n");
-  EXPECT_EQ(field(path("out.hpd"), "Conventional", 7), "7");
-  EXPECT_EQ(field(path("out.hpd"), "Site", 16), "12");
-  EXPECT_EQ(field(path("out.hpd"), "T-Group", 9), "Off");
-  EXPECT_EQ(field(path("out.hpd"), "Trunk", 12), "Off");
-  EXPECT_EQ(field(path("out.hpd"), "C-Group", 9), "3");
+  // Where each key lands is the library's (quick key tests); here it shows in the file's overview.
+  EXPECT_EQ(zel("qkeys show '" + path("out.hpd") + "'").out.rfind("QuickKey: 7\n  SYS-002", 0), 0u);
 }
 
 TEST_F(QkeysCommand, SetRefusesBadAssignmentsAndWritesNothing) {

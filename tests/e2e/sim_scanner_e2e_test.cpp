@@ -47,9 +47,6 @@ TEST(SimScannerE2E, ThePathComesFirstAndTheTerminalAnswers) {
     int fd = openRaw(sim.device());
     ASSERT_GE(fd, 0);
     EXPECT_EQ(ask(fd, "MDL"), std::string("MDL,") + model + "\r");
-    EXPECT_EQ(ask(fd, "VOL,9"), "VOL,OK\r");
-    EXPECT_EQ(ask(fd, "VOL"), "VOL,9\r");
-    EXPECT_EQ(ask(fd, "STS").rfind("STS,", 0), 0u);
     close(fd);
     // A second client after the first has gone is answered as well.
     fd = openRaw(sim.device());
