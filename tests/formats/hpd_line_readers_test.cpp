@@ -143,20 +143,6 @@ TEST(UnitIdLines, AlertColourAndPatternOnlyInTheFamilyMode) {
             "UID,1872000,Station 1,Off,Auto");
 }
 
-TEST(ChannelRows, FieldsInGridOrder) {
-  LineReaders r(HpdLevel::V3, true, 1);
-  EXPECT_EQ(r.channelRow(3,
-                         "C-Freq,,,Ops,Off,164225000,NFM,TONE=C146.2,16,Off,2,0,Off,Auto,Off,On,"
-                         "Off,Off",
-                         ""),
-            "3,164.225000,Ops,Off,NFM,CTCSS,146.2,Federal,Off,2,0,Off,Auto,Off,On,Off,Off");
-  EXPECT_EQ(r.channelRow(1, "C-Freq,,,X,Off,46100000,FM,,99", "Custom 3"),
-            "1,46.100000,X,Off,FM,All,Search,Custom 3,,,,,,,,,");
-  LineReaders old(HpdLevel::V1, false, 0);
-  EXPECT_EQ(old.channelRow(1, "C-Freq,,,Ops,Off,164225000,NFM,,3", ""),
-            "1,164.225000,Ops,Off,NFM,All,Search,Fire Dispatch,Off,2,0,Off,Auto");
-}
-
 TEST(TalkgroupRows, AudioWordsAndSlot) {
   LineReaders r(HpdLevel::V3, true, 1);
   EXPECT_EQ(
