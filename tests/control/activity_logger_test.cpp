@@ -443,8 +443,8 @@ TEST(VcOptions, DefaultsKeysAndWidthClamps) {
   VcOptions o = loadOptions(s, Family::Bcd, "/data");
   EXPECT_EQ(o.action, LogAction::Avoid);  // "Log And Avoid" is stored "True" by default
   EXPECT_EQ(std::make_tuple(o.logSubtones, o.toneOutToFile, o.miniViewWhenMinimized, o.logToFile,
-                            o.logFilePath, o.columnWidths[0], o.columnWidths[13]),
-            std::make_tuple(true, true, true, false, "/data/log.csvx", 1200, 500));
+                            o.logFilePath),
+            std::make_tuple(true, true, true, false, "/data/log.csvx"));
 
   o.action = LogAction::Resume;
   o.logToFile = true;
