@@ -105,14 +105,6 @@ TEST(SiteLines, WordsOfTheFileBecomeTheWordsOfTheRecord) {
             "SIT,Site,,,Old,Off,1,2,3,FM,Standard,Wide(standard),Circle,0");
 }
 
-TEST(GroupLines, TagAndLevelOneShape) {
-  LineReaders r(HpdLevel::V3, true, 1);
-  EXPECT_EQ(r.group("GIN", "C-Group,,,Fire,Off,1,2,3,Circle,Off,Global"),
-            "GIN,C-Group,,,Fire,Off,1,2,3,Circle,Off,Global");
-  LineReaders old(HpdLevel::V1, false, 0);
-  EXPECT_EQ(old.group("TIN", "T-Group,,,Fire,Off,1,2,3"), "TIN,T-Group,,,Fire,Off,1,2,3,Circle");
-}
-
 TEST(BandPlanLines, FourGroupsInRecordUnitsAndHexFleetMaps) {
   LineReaders r(HpdLevel::V3, true, 1);
   EXPECT_EQ(r.bandPlan("BandPlan_Mot,SiteId=9,851025000,854000000,25000,440,851012500,868987500,"
