@@ -183,15 +183,10 @@ TEST(FrequencyRule, ZeroNothingAndUnreadableText) {
 TEST(FrequencyRule, OptionsComeFromTheSettings) {
   MemorySettingsStore store;
   Settings settings(store);
-  FrequencyRules r = rulesFromSettings(settings, ScannerFamily::HP, DecimalMark::comma());
-  EXPECT_EQ(r.region, Region::US);
-  EXPECT_FALSE(r.airband);
-  EXPECT_EQ(r.family, ScannerFamily::HP);
-  EXPECT_TRUE(r.mark.isComma());
   settings.put("options", "optie10", "1");
   settings.put("options", "optie22", "2");
-  r = rulesFromSettings(settings, ScannerFamily::BCD, DecimalMark::point());
-  EXPECT_TRUE(r.airband);
+  FrequencyRules r = rulesFromSettings(settings, ScannerFamily::HP, DecimalMark::comma());
+  EXPECT_TRUE(r.airband && r.mark.isComma() && r.family == ScannerFamily::HP);
   EXPECT_EQ(r.region, Region::Australia);
   settings.put("options", "optie22", "1");
   EXPECT_EQ(rulesFromSettings(settings, ScannerFamily::BCD).region, Region::Europe);
