@@ -64,15 +64,13 @@ TEST(ScannerLinkPorts, ScanKeepsThePortsThatAnswerAndReselectsTheSavedOne) {
   EXPECT_EQ(link.selectedIndex(), 2);
 }
 
-TEST(ScannerLinkPorts, ThePortIsStoredAtCloseOnlyWhenOneIsChosen) {
+// A chosen port stored at close is VirtualControlClose's test.
+TEST(ScannerLinkPorts, NoPortIsStoredWhileSelectIsChosen) {
   VcRig rig(Family::Bcd);
   Settings s(rig.settings);
   rig.vc->link.onLoad();
   rig.vc->link.savePort(s);
   EXPECT_EQ(s.getPlain("vc", "comport", "none"), "none");
-  rig.vc->link.selectIndex(3);
-  rig.vc->link.savePort(s);
-  EXPECT_EQ(s.getPlain("vc", "comport", "none"), "usb/com3");
 }
 
 TEST(ScannerLinkConnect, AnOpenErrorOrNoPortChosenBeepsAndNothingIsPolled) {
