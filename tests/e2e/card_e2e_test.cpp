@@ -15,8 +15,6 @@ TEST_F(CardCommand, DetectionMessagePerFamily) {
     const char* model;
     const char* head;
   } cases[] = {{"BCD536HP", " BCDx36HP/3600/SDS detected at drive "},
-               {"UBCD3600XLT", " BCDx36HP/3600/SDS detected at drive "},
-               {"SDS100", "SDSx00 series detected at drive "},
                {"SDS200", "SDSx00 series detected at drive "},
                {"UBCD536-PT", "UBCDx36HP detected at drive "}};
   for (const auto& c : cases) {
@@ -37,7 +35,8 @@ TEST_F(CardCommand, DetectionMessagePerFamily) {
   EXPECT_NE(slurp(path("data/drivetest.txt")).find("ZEL536- "), std::string::npos);
 }
 
-TEST_F(CardCommand, NewListAtLowestFreeNumberAndGapReused) {
+// Which number a new list takes is the library's (favorites card tests).
+TEST_F(CardCommand, ReadWriteAndDeleteNameTheFiles) {
   const std::string c = card("c", "BCD536HP");
   ZelRun read = zel("card read 1 2 --out '" + path("both.hpd") + "'" + root(c));
   ASSERT_EQ(read.exitCode, 0) << read.err;
@@ -49,14 +48,10 @@ TEST_F(CardCommand, NewListAtLowestFreeNumberAndGapReused) {
   EXPECT_EQ(slurp(fav(c) / "f_list.bac"), cfg);  // backup refreshed before the rewrite
   ASSERT_EQ(zel("card delete 1 --yes" + root(c)).exitCode, 0);
   EXPECT_FALSE(fs::exists(fav(c) / "f_000001.hpd"));
-  EXPECT_TRUE(fs::exists(fav(c) / "f_000001.bac"));
-  ZelRun again = zel("card write '" + path("both.hpd") + "' --name Again" + root(c));
-  ASSERT_EQ(again.exitCode, 0) << again.err;
-  EXPECT_NE(again.out.find("f_000001.hpd"), std::string::npos);
   ZelRun list = zel("card list" + root(c));
-  EXPECT_NE(list.out.find("1\tf_000001.hpd\tAgain"), std::string::npos) << list.out;
+  EXPECT_EQ(list.out.rfind("2\tf_000002.hpd\t", 0), 0u) << list.out;
   // The list written to the card reads back with both systems.
-  ZelRun back = zel("card read 1 --out '" + path("back.hpd") + "'" + root(c));
+  ZelRun back = zel("card read 3 --out '" + path("back.hpd") + "'" + root(c));
   EXPECT_NE(back.out.find("2 systems"), std::string::npos) << back.err;
 }
 
@@ -70,10 +65,6 @@ TEST_F(CardCommand, DeleteNeedsYesAndOrderRewritesWithBackup) {
   ASSERT_EQ(order.exitCode, 0) << order.err;
   EXPECT_EQ(order.out.rfind("2\tf_000002.hpd", 0), 0u) << order.out;
   EXPECT_EQ(slurp(fav(c) / "f_list.bac"), cfg);
-  ASSERT_EQ(zel("card qkeys auto" + root(c)).exitCode, 0);
-  ZelRun list = zel("card list --json" + root(c));
-  EXPECT_NE(list.out.find("\"number\":2,\"name\":\"County P25\""), std::string::npos) << list.out;
-  EXPECT_NE(list.out.find("\"quickKey\":\"0\""), std::string::npos);
   EXPECT_EQ(zel("card qkeys sideways" + root(c)).exitCode, 2);
 }
 

@@ -39,8 +39,10 @@ TEST_F(DbCommand, ApplyWritesTheListedChannelsBack) {
   ZelRun r = zel("db apply s_000006.hpd --set 'Delay:=5' --set 'Attenuator:=On' --json" + db());
   ASSERT_EQ(r.exitCode, 0) << r.err;
   EXPECT_NE(r.out.find("\"channels\":2,\"linesChanged\":2"), std::string::npos) << r.out;
-  // Which fields change is the database library's (full database tests); here that it is saved.
-  EXPECT_NE(slurp(path("HPDB/s_000006.hpd")), kState);
+  const std::vector<std::string> lines = pieces(slurp(path("HPDB/s_000006.hpd")));
+  // Attenuator and delay of the channel; the talkgroup's field 9 is the volume offset.
+  EXPECT_EQ(lines.at(4).substr(lines.at(4).find("\tNFM\t")), "\tNFM\t\t3\tOn\t5\t\t\t\t\t\t\t\r");
+  EXPECT_EQ(pieces(lines.at(7), '\t').at(8) + "|" + pieces(lines.at(7), '\t').at(9), "5|");
 }
 
 TEST_F(DbCommand, RefusalsAreOneSentenceAndWriteNothing) {

@@ -87,12 +87,5 @@ TEST(KeyE2E, KeysReachTheScannerAndItsRepliesComeBack) {
   EXPECT_THAT(bad.err(), ::testing::StartsWith("Unknown key \"WARP\". Keys: SYSTEM DEPT CHANNEL"));
 }
 
-TEST(PortsE2E, ListsPortsOrSaysThereAreNone) {
-  Process p;
-  ASSERT_TRUE(p.start({zelBinary(), "ports", "--json"}));
-  EXPECT_EQ(p.wait(5000), 0) << p.err();
-  EXPECT_EQ(p.out().front(), '[');
-}
-
 }  // namespace
 }  // namespace zel::e2e
