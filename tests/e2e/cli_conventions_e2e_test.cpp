@@ -106,7 +106,7 @@ const char* const kList =
     "C-Group\t\t\tHarbor\tOff\t41.4\t-81.8\t5.0\tCircle\t3\tGlobal\r\n"
     "C-Freq\t\t\tPilots\tOff\t156650000\tFM\t\t15\tOff\t2\t0\tOff\tAuto\tOff\tOn\tOff\tOff\r\n";
 
-// A card, a favorites file and `zel ARGS` with CARD, IN and DIR put in.
+// A card, a favorites file and `zel ARGS` with CARD, IN, DIR and OUT put in.
 class Convention : public CardCommand {
  protected:
   ZelRun run(std::string args) {
@@ -118,7 +118,8 @@ class Convention : public CardCommand {
     for (auto [from, to] : {std::pair<std::string, std::string>{"CARD", root(card_)},
                             {"IN.csv", "'" + path("in.csv") + "'"},
                             {"IN", "'" + path("in.hpd") + "'"},
-                            {"DIR", "'" + path("made") + "'"}}) {
+                            {"DIR", "'" + path("made") + "'"},
+                            {"OUT", "'" + path("out.txt") + "'"}}) {
       for (std::size_t at = args.find(from); at != std::string::npos; at = args.find(from, at))
         args.replace(at, from.size(), to);
     }
@@ -243,16 +244,26 @@ TEST_F(Convention, AMessageAboutAWindowIsFollowedByTheOptionToUse) {
             "elsewhere.");
 }
 
-TEST_F(Convention, CommandsThatChangeTheCardEndWithASummaryLine) {
-  const std::pair<const char*, const char*> cases[] = {
+// A command that writes a file or finds nothing says so in one line; one that changes the
+// card ends with such a line.
+TEST_F(Convention, CommandsEndWithASummaryLine) {
+  const std::string out = path("out.txt");
+  const std::pair<std::string, std::string> cases[] = {
       {"card order 2 CARD", "Wrote the order of 2 lists."},
       {"card qkeys clear CARD", "Set the quick keys of 2 lists."},
       {"card orphans CARD", "No orphan files."},
+      {"csv export IN OUT", "Wrote " + out},
+      {"csv export IN -o OUT", "Wrote " + out},
+      {"csv export IN --out OUT", "Wrote " + out},
+      {"hpd convert IN -o OUT", "Wrote " + out + ": 1 systems"},
+      {"dups IN", "No duplicates found."},
+      {"dups IN --json", "[]"},
   };
   for (const auto& [args, last] : cases) {
     ZelRun r = run(args);
     ASSERT_EQ(r.exitCode, 0) << args << r.err;
     EXPECT_EQ(pieces(r.out).back(), last) << args;
+    if (args.find("CARD") == std::string::npos) EXPECT_EQ(pieces(r.out).size(), 1u) << r.out;
   }
 }
 

@@ -78,6 +78,10 @@ TEST(KeyE2E, KeysReachTheScannerAndItsRepliesComeBack) {
   ASSERT_TRUE(key.start({zelBinary(), "key", "--port", sim.device(), "SCAN", "AVOID", "7"}));
   EXPECT_EQ(key.wait(10000), 0) << key.err();
   EXPECT_EQ(key.out(), "SCAN: JPM,OK\nAVOID: KEY,OK\n7: KEY,OK\n");
+  Process again;  // a second client after the first has gone is answered as well
+  ASSERT_TRUE(again.start({zelBinary(), "key", "--port", sim.device(), "MENU"}));
+  EXPECT_EQ(again.wait(10000), 0) << again.err();
+  EXPECT_EQ(again.out(), "MENU: KEY,OK\n");
   sim.process().stop();
   EXPECT_THAT(sim.process().err(), HasSubstr("> KEY,L,P"));
 
