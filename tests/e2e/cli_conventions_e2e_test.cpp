@@ -155,7 +155,9 @@ struct RangeCase {
   std::string args;
   std::string err;  // the whole of standard error
 };
-void PrintTo(const RangeCase& c, std::ostream* os) { *os << c.args; }
+void PrintTo(const RangeCase& c, std::ostream* os) {
+  *os << c.args;
+}
 
 class NumberOutOfRange : public Convention, public ::testing::WithParamInterface<RangeCase> {};
 

@@ -31,7 +31,8 @@ TEST_F(ZelTest, CsvImportTakesTheSettingsAndTheFlagsOfZelCell) {
     ASSERT_EQ(zel("csv export '" + path("out.hpd") + "' -o '" + path("out.csv") + "'").exitCode, 0);
     const std::string out = slurp(path("out.csv"));
     EXPECT_NE(out.find(std::string(",") + c.stored + ","), std::string::npos)
-        << c.settings << c.flags << "\n" << out;
+        << c.settings << c.flags << "\n"
+        << out;
   }
 }
 

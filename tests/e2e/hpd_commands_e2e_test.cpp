@@ -62,7 +62,6 @@ TEST_F(HpdCommand, MistakesAreToldAndNothingIsWritten) {
     const char* said;  // a piece of standard error
   };
   const Case cases[] = {
-      {"--scope talkgroups --set 'Colour:=Red'", 1, "Unknown setting \"Colour:\""},
       {"--scope talkgroups --set 'Delay:=5' --department Nobody", 1,
        "No department named \"Nobody\""},
       {"--scope frequencies --set 'Delay:=5' --system 'Metro P25'", 1,

@@ -44,10 +44,9 @@ class HpdInfo : public zel::e2e::ZelTest {
 TEST_F(HpdInfo, CountsAndSystemsAsTextAndAsJson) {
   ZelRun r = zel("hpd info '" + file + "'");
   ASSERT_EQ(r.exitCode, 0) << r.err;
-  for (const char* line :
-       {"Level: 3\n", "Systems: 2\n", "Sites: 1\n", "Departments: 2\n", "Channels: 1\n",
-        "Talkgroups: 1\n", "Site frequencies: 1\n", "Unit IDs: 1\n", "Band plans: 0\n",
-        "Fleet maps: 0\n", "  1  P25 Standard  Metro\n", "  2  Conventional  Caf\xE9\n"})
+  // Each count's line is proven on the real cards; here the level and the systems.
+  for (const char* line : {"Level: 3\nSystems: 2\n", "  1  P25 Standard  Metro\n",
+                           "  2  Conventional  Caf\xE9\n"})
     EXPECT_THAT(r.out, HasSubstr(line));
   ZelRun json = zel("hpd info --json '" + file + "'");
   ASSERT_EQ(json.exitCode, 0) << json.err;

@@ -43,8 +43,9 @@ TEST_F(QkeysCommand, ShowListsTheBucketsInUseAndTheNextFreeKey) {
 }
 
 TEST_F(QkeysCommand, SetWritesEachKeyWherePositionalOrOption) {
-  ZelRun r = zel("qkeys set '" + path("in.hpd") + "' 2=7 SIT-001-001=12 --set GRP-999-001-000=Off " +
-                 "--set sys-001=Off -o '" + path("out.hpd") + "'");
+  ZelRun r =
+      zel("qkeys set '" + path("in.hpd") + "' 2=7 SIT-001-001=12 --set GRP-999-001-000=Off " +
+          "--set sys-001=Off -o '" + path("out.hpd") + "'");
   ASSERT_EQ(r.exitCode, 0) << r.err;
   EXPECT_EQ(r.out, "Set 4 quick keys; wrote " + path("out.hpd") + ".\n");
   // Where each key lands is the library's (quick key tests); here it shows in the file's overview.

@@ -29,8 +29,9 @@ TEST_F(RRRecorded, BrowseReadsTheLiveServicesReplies) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.args);
-    const ZelRun run = zel("rr " + c.args + " --user demo --app-key 12345678 --endpoint " + endpoint,
-                           "ZEL_RR_PASSWORD=demo ");
+    const ZelRun run =
+        zel("rr " + c.args + " --user demo --app-key 12345678 --endpoint " + endpoint,
+            "ZEL_RR_PASSWORD=demo ");
     EXPECT_EQ(run.exitCode, 0) << run.err;
     for (const auto& e : c.expected) {
       EXPECT_NE(run.out.find(e), std::string::npos) << run.out.substr(0, 800);
