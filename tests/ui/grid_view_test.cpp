@@ -191,10 +191,8 @@ class GridViewTest : public QObject {
     g.key(Qt::Key_F2);
     QFrame* bar = g.view.optionBar();
     QVERIFY(!bar->isHidden());
-    const auto buttons = bar->findChildren<QPushButton*>();
-    QCOMPARE(buttons.size(), 6);
     QPushButton* fm = nullptr;
-    for (QPushButton* b : buttons) {
+    for (QPushButton* b : bar->findChildren<QPushButton*>()) {
       if (b->text() == "FM") fm = b;
     }
     QVERIFY(fm);
