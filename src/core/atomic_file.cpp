@@ -75,9 +75,12 @@ int replaceThroughTemporary(const fs::path& target, std::string_view content, in
   std::string temporary;
   int fd = -1;
   for (int attempt = 0; attempt < 32 && fd < 0; ++attempt) {
-    temporary = (folder / ("." + target.filename().string() + "." + randomPart() +
-                           std::string(kTemporarySuffix)))
-                    .string();
+    std::string name(".");
+    name += target.filename().string();
+    name += '.';
+    name += randomPart();
+    name += kTemporarySuffix;
+    temporary = (folder / name).string();
     fd = ::open(temporary.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_NOFOLLOW | O_CLOEXEC, 0666);
     if (fd < 0 && errno != EEXIST) return errno;
   }
