@@ -51,11 +51,11 @@ TEST(HpdbIndex, StateInfoLinesNameTheStates) {
   const std::string text =
       "TargetModel\tBCDx36HP\r\n"
       "StateInfo\tStateId=6\tCountryId=1\tCalifornia\tCA\r\n"
-      "StateInfo\tStateId=\tCountryId=1\tBroken\r\n"     // no number
-      "StateInfo\tStateId=x1\tCountryId=1\tBroken\r\n"   // not a number
-      "StateInfo\t39\tCountryId=1\tOhio\tOH\n"           // the number without its name
+      "StateInfo\tStateId=\tCountryId=1\tBroken\r\n"    // no number
+      "StateInfo\tStateId=x1\tCountryId=1\tBroken\r\n"  // not a number
+      "StateInfo\t39\tCountryId=1\tOhio\tOH\n"          // the number without its name
       "CountyInfo\tCountyId=1\tStateId=1\tAutauga\r\n"
-      "StateInfo\tStateId=101\r\n";                      // no name: named by its number
+      "StateInfo\tStateId=101\r\n";  // no name: named by its number
   const std::vector<StateEntry> states = parseIndex(text, "/db");
   using Entry = std::tuple<std::string, int, std::string>;
   std::vector<Entry> got;
@@ -74,13 +74,13 @@ TEST(HpdbIndex, StateInfoLinesNameTheStates) {
 
 TEST(StateFile, LinesAreRecognisedByTheirFirstWord) {
   const std::pair<const char*, LineKind> cases[] = {
-      {"C-Freq\tCFreqId=1", LineKind::CFreq},   {"C-Freq,x", LineKind::CFreq},
-      {"C-Frequency\tx", LineKind::Other},      {"T-Freq\tTFreqId=0", LineKind::TFreq},
-      {"TGID\tTid=1", LineKind::Tgid},          {"TGIDs\tx", LineKind::Other},
-      {"Trunk\tTrunkId=1", LineKind::Trunk},    {"TrunkId=1", LineKind::Other},
-      {"Site\tSiteId=1", LineKind::Site},       {"SiteId=1", LineKind::Other},
-      {"FleetMap\tx", LineKind::FleetMap},      {"BandPlan_P25\tx", LineKind::BandPlanP25},
-      {"DQKs_Status\t\tOn", LineKind::Other},   {"", LineKind::Other},
+      {"C-Freq\tCFreqId=1", LineKind::CFreq}, {"C-Freq,x", LineKind::CFreq},
+      {"C-Frequency\tx", LineKind::Other},    {"T-Freq\tTFreqId=0", LineKind::TFreq},
+      {"TGID\tTid=1", LineKind::Tgid},        {"TGIDs\tx", LineKind::Other},
+      {"Trunk\tTrunkId=1", LineKind::Trunk},  {"TrunkId=1", LineKind::Other},
+      {"Site\tSiteId=1", LineKind::Site},     {"SiteId=1", LineKind::Other},
+      {"FleetMap\tx", LineKind::FleetMap},    {"BandPlan_P25\tx", LineKind::BandPlanP25},
+      {"DQKs_Status\t\tOn", LineKind::Other}, {"", LineKind::Other},
   };
   for (const auto& [line, kind] : cases) EXPECT_EQ(lineKindOf(line), kind) << line;
 }
@@ -98,10 +98,17 @@ TEST(StateFile, RowsAreKeyedByTheirPlaceAndFoundByKey) {
       "Site\t\t\tS\r\n"
       "T-Group\t\t\tG3\r\n"
       "TGID\t4");
-  const char* keys[] = {"DUM-00001",           "DAT-0001-0000-0000-0002", "DAT-0001-0001-0000-0003",
-                        "DAT-0001-0001-0001-0004", "DAT-0001-0002-0000-0005", "DAT-0001-0002-0001-0006",
-                        "DAT-0001-0002-0002-0007", "DAT-0002-0000-0000-0008", "DAT-0002-0000-0000-0009",
-                        "DAT-0002-0001-0000-0010", "DAT-0002-0001-0001-0011"};
+  const char* keys[] = {"DUM-00001",
+                        "DAT-0001-0000-0000-0002",
+                        "DAT-0001-0001-0000-0003",
+                        "DAT-0001-0001-0001-0004",
+                        "DAT-0001-0002-0000-0005",
+                        "DAT-0001-0002-0001-0006",
+                        "DAT-0001-0002-0002-0007",
+                        "DAT-0002-0000-0000-0008",
+                        "DAT-0002-0000-0000-0009",
+                        "DAT-0002-0001-0000-0010",
+                        "DAT-0002-0001-0001-0011"};
   ASSERT_EQ(file.rows().size(), std::size(keys));
   for (std::size_t n = 0; n < std::size(keys); ++n) {
     EXPECT_EQ(rowKey(file.rows()[n]), keys[n]);
@@ -136,6 +143,31 @@ TEST(StateEdit, SettingsAreNamedByCaptionAndTakeAWordOfTheirList) {
   }
 }
 
+// Every setting on one channel line and one talkgroup line, the fields worked out by hand:
+// a channel takes attenuator 9, delay 10, tone 12, level 13, light 14, pattern 15 (11, the
+// volume offset, never changes); a talkgroup delay 8, tone 10, level 11, light 12, pattern 13.
+TEST(StateEdit, ApplyWritesEachSettingIntoItsOwnField) {
+  StateFile file = StateFile::fromText(
+      "Conventional\t\t\tA\r\n"
+      "C-Group\t\t\tG\r\n"
+      "C-Freq\tf1\tf2\tN, one\tf4\tf5\tf6\tf7\tf8\tf9\tf10\tf11\tf12\tf13\tf14\tf15\tf16\r\n"
+      "Trunk\t\t\tB\tOff\t\tP25Standard\r\n"
+      "T-Group\t\t\tH\r\n"
+      "TGID\tt1\tt2\tt3\tt4\tt5\tt6\tt7\tt8\tt9\tt10\tt11\tt12\tt13\tt14\r\n");
+  std::vector<DbChange> changes;
+  for (const char* text : {"Attenuator=On", "Delay:=5", "Alert Tone=3", "Alert Level=15",
+                           "Alert Light=Red", "Alert Pattern=Slow Blink"}) {
+    const ParsedDbChange p = parseDbChange(text);
+    ASSERT_TRUE(p.change) << text << ": " << p.error;
+    changes.push_back(*p.change);
+  }
+  applyChanges(file, {2, 5}, changes);
+  EXPECT_EQ(file.fileLine(2),
+            "C-Freq\tf1\tf2\tN, one\tf4\tf5\tf6\tf7\tf8\tOn\t5\tf11\t3\t15\tRed\tSlow Blink\tf16");
+  EXPECT_EQ(file.fileLine(5),
+            "TGID\tt1\tt2\tt3\tt4\tt5\tt6\tt7\t5\tt9\t3\t15\tRed\tSlow Blink\tt14");
+}
+
 // Two systems near Oakland: a conventional one with a fire and a roads department, a trunked
 // one with a site; a department without a location.
 const char* const kNearFile =
@@ -158,14 +190,22 @@ TEST(DbNear, CirclesThatReachThePointAreListedWithTheirSystems) {
     std::vector<std::string> names;  // kind:name in file order
   };
   const Case cases[] = {
-      {37.80, -122.27, 0, {}, {"system:Alameda", "department:Fire", "system:EBRCS", "site:Oakland Hills"}},
+      {37.80,
+       -122.27,
+       0,
+       {},
+       {"system:Alameda", "department:Fire", "system:EBRCS", "site:Oakland Hills"}},
       {37.90, -122.27, 0, {}, {"system:Alameda", "department:Roads"}},
-      {37.94, -122.27, 0, {}, {}},                                           // 2.8 miles from Roads
-      {37.94, -122.27, 1, {}, {"system:Alameda", "department:Roads"}},       // with a mile to spare
-      {37.80, -122.27, 0, {14}, {}},                                         // Roads' service, Fire's circle
+      {37.94, -122.27, 0, {}, {}},                                      // 2.8 miles from Roads
+      {37.94, -122.27, 1, {}, {"system:Alameda", "department:Roads"}},  // with a mile to spare
+      {37.80, -122.27, 0, {14}, {}},  // Roads' service, Fire's circle
       {37.80, -122.27, 0, {3}, {"system:Alameda", "department:Fire"}},
-      {37.80, -122.27, 0, {2}, {"system:EBRCS", "site:Oakland Hills"}},      // a talkgroup of the system
-      {0.0, 0.0, 0, {}, {}},                                                 // unset locations reach nothing
+      {37.80,
+       -122.27,
+       0,
+       {2},
+       {"system:EBRCS", "site:Oakland Hills"}},  // a talkgroup of the system
+      {0.0, 0.0, 0, {}, {}},                     // unset locations reach nothing
   };
   for (const Case& c : cases) {
     NearQuery q{c.lat, c.lon, c.range, c.services};
