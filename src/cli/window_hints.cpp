@@ -16,6 +16,8 @@ constexpr Hint kHints[] = {
      "On the command line: give the new list's name with --name NAME."},
     {"(u)BCDx36HP/sds not found",
      "On the command line: give the card's folder with --root DIR when it is mounted elsewhere."},
+    {"BCDx36HP not found, please plug USB cable in",
+     "On the command line: give the card's folder with --root DIR when it is mounted elsewhere."},
     {"Scanner not found, please plug USB cable in",
      "On the command line: give the card's folder with --root DIR when it is mounted elsewhere."},
     {"HP1 not found, please plug USB cable in",

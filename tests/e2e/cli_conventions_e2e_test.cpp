@@ -234,11 +234,14 @@ TEST_F(Convention, AMessageAboutAWindowIsFollowedByTheOptionToUse) {
   EXPECT_EQ(noList.exitCode, 1);
   EXPECT_EQ(pieces(noList.err).size(), 2u) << noList.err;
   EXPECT_NE(noList.err.find("with --overwrite N (zel card list"), std::string::npos) << noList.err;
-  ZelRun noDatabase = run("db detect --root '" + path("empty") + "'");
-  EXPECT_EQ(noDatabase.exitCode, 1);
-  EXPECT_EQ(pieces(noDatabase.err).back(),
-            "On the command line: give the card's folder with --root DIR when it is mounted "
-            "elsewhere.");
+  for (const char* noun : {"db detect", "qkeys card"}) {
+    ZelRun noDatabase = run(std::string(noun) + " --root '" + path("empty") + "'");
+    EXPECT_EQ(noDatabase.exitCode, 1) << noun;
+    EXPECT_EQ(pieces(noDatabase.err).back(),
+              "On the command line: give the card's folder with --root DIR when it is mounted "
+              "elsewhere.")
+        << noun;
+  }
   ZelRun noCard = run("card detect --root '" + path("empty") + "'");
   EXPECT_EQ(noCard.exitCode, 1);
   EXPECT_EQ(pieces(noCard.out).back(),
