@@ -1,7 +1,7 @@
 // zel db: the scanner's full database without a window.
 //   zel db detect [--root DIR]... [--hp1]          find a card with a database
 //   zel db states (--root DIR | --folder DIR)     the states the index names
-//   zel db systems STATE [--system N]             a state's systems, or one system's departments
+//   zel db systems STATE [--system N]             a state's systems, or one system's sites and departments
 //   zel db list STATE [--system N] [--department N] [--conv|--trunk] [--service NAME]
 //   zel db apply STATE --set "Delay:=5"... [--system N] [--department N] [--conv|--trunk]
 //                [--service NAME]
@@ -162,13 +162,28 @@ void runSystems(const StateArgs& args) {
       first = false;
     }
   } else {
+    // The system's sites first, numbered from 1 within the system as `zel db import --site`
+    // takes them, then its departments.
+    int site = 0;
+    for (std::size_t n = 0; n < file.rows().size(); ++n) {
+      const database::StateRow& row = file.rows()[n];
+      if (row.system != args.system || row.kind != database::LineKind::Site) continue;
+      ++site;
+      if (args.json) {
+        std::cout << (first ? "" : ",") << "{\"system\":" << row.system << ",\"site\":" << site
+                  << ",\"name\":\"" << cli::dbJson(file.field(n, 3)) << "\"}";
+      } else {
+        std::cout << "site " << site << "\t" << file.field(n, 3) << "\n";
+      }
+      first = false;
+    }
     for (const database::DepartmentInfo& d : database::departmentsOf(file, args.system)) {
       if (args.json) {
         std::cout << (first ? "" : ",") << "{\"system\":" << d.system
                   << ",\"department\":" << d.number << ",\"name\":\"" << cli::dbJson(d.name)
                   << "\"}";
       } else {
-        std::cout << d.number << "\t" << d.name << "\n";
+        std::cout << "department " << d.number << "\t" << d.name << "\n";
       }
       first = false;
     }
@@ -264,7 +279,7 @@ ZEL_COMMAND(34) {
   states->callback([statesArgs] { runStates(statesArgs->source, statesArgs->json); });
 
   auto systemsArgs = std::make_shared<StateArgs>();
-  auto* systems = db->add_subcommand("systems", "A state file's systems, or one system's departments");
+  auto* systems = db->add_subcommand("systems", "A state file's systems, or one system's sites and departments");
   addStateOptions(*systems, *systemsArgs, false);
   systems->add_flag("--json", systemsArgs->json, "Print a JSON array");
   systems->callback([systemsArgs] { runSystems(*systemsArgs); });

@@ -45,6 +45,16 @@ TEST_F(DbCommand, ApplyWritesTheListedChannelsBack) {
   EXPECT_EQ(pieces(lines.at(7), '\t').at(8) + "|" + pieces(lines.at(7), '\t').at(9), "5|");
 }
 
+// A system's sites come first, numbered as `zel db import --site` takes them.
+TEST_F(DbCommand, SystemsListsASystemsSitesThenItsDepartments) {
+  std::string state = kState;
+  state.insert(state.find("T-Group"), "Site\tSiteId=3\tTrunkId=2\tHill\tOff\r\n");
+  std::ofstream(path("HPDB/s_000006.hpd"), std::ios::binary) << state;
+  ZelRun r = zel("db systems California --system 2" + db());
+  ASSERT_EQ(r.exitCode, 0) << r.err;
+  EXPECT_EQ(r.out, "site 1\tHill\ndepartment 1\tPolice\n");
+}
+
 TEST_F(DbCommand, RefusalsAreOneSentenceAndWriteNothing) {
   struct Case {
     std::string args;
