@@ -16,17 +16,6 @@ namespace {
 constexpr double kEarthRadiusMiles = 3958.7613;
 constexpr double kPi = 3.14159265358979323846;
 
-// Field n of a TAB-separated line.
-std::string_view fieldOf(std::string_view line, int n) {
-  std::size_t start = 0;
-  for (int i = 0; i < n; ++i) {
-    const std::size_t tab = line.find('\t', start);
-    if (tab == std::string_view::npos) return {};
-    start = tab + 1;
-  }
-  const std::size_t end = line.find('\t', start);
-  return line.substr(start, end == std::string_view::npos ? std::string_view::npos : end - start);
-}
 
 std::optional<double> number(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
@@ -125,7 +114,7 @@ std::vector<NearHit> scanStateText(std::string_view text, const StateEntry& stat
         if (inSystem) flush(pending, query, state, out);
         inSystem = true;
         department = -1;
-        pending.name = std::string(fieldOf(line, 3));
+        pending.name = std::string(rawField(line, 3));
         pending.line = lineNumber;
         return;
       case LineKind::CGroup:
@@ -140,7 +129,7 @@ std::vector<NearHit> scanStateText(std::string_view text, const StateEntry& stat
       case LineKind::CFreq:
       case LineKind::Tgid:
         if (inSystem && department >= 0 && !query.services.empty() &&
-            wantedService(query, wholeNumber(fieldOf(line, kind == LineKind::CFreq ? 8 : 7)))) {
+            wantedService(query, wholeNumber(rawField(line, kind == LineKind::CFreq ? 8 : 7)))) {
           pending.departmentWanted[department] = true;
           pending.anyWanted = true;
         }
@@ -148,9 +137,9 @@ std::vector<NearHit> scanStateText(std::string_view text, const StateEntry& stat
       default:
         return;
     }
-    const std::optional<double> lat = number(fieldOf(line, 5));
-    const std::optional<double> lon = number(fieldOf(line, 6));
-    const std::optional<double> range = number(fieldOf(line, 7));
+    const std::optional<double> lat = number(rawField(line, 5));
+    const std::optional<double> lon = number(rawField(line, 6));
+    const std::optional<double> range = number(rawField(line, 7));
     if (!lat || !lon || !range || (*lat == 0 && *lon == 0)) return;
     if (std::fabs(*lat) > 90 || std::fabs(*lon) > 180) return;
     const double distance = distanceMiles(query.latitude, query.longitude, *lat, *lon);
@@ -160,7 +149,7 @@ std::vector<NearHit> scanStateText(std::string_view text, const StateEntry& stat
     hit.stateFile = state.fileName;
     hit.stateName = state.name;
     hit.system = pending.name;
-    hit.name = std::string(fieldOf(line, 3));
+    hit.name = std::string(rawField(line, 3));
     hit.latitude = *lat;
     hit.longitude = *lon;
     hit.range = *range;

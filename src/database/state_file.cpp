@@ -43,17 +43,6 @@ bool beginsWith(std::string_view line, std::string_view word) {
   return true;
 }
 
-// Field n of a file line, its bytes as the file holds them.
-std::string_view rawField(std::string_view line, int n) {
-  std::size_t start = 0;
-  for (int i = 0; i < n; ++i) {
-    const std::size_t tab = line.find('\t', start);
-    if (tab == std::string_view::npos) return {};
-    start = tab + 1;
-  }
-  const std::size_t end = line.find('\t', start);
-  return line.substr(start, end == std::string_view::npos ? std::string_view::npos : end - start);
-}
 
 std::string recordValue(std::string_view fileValue) {
   std::string out(fileValue);
@@ -64,6 +53,17 @@ std::string recordValue(std::string_view fileValue) {
 }
 
 }  // namespace
+
+std::string_view rawField(std::string_view line, int n) {
+  std::size_t start = 0;
+  for (int i = 0; i < n; ++i) {
+    const std::size_t tab = line.find('\t', start);
+    if (tab == std::string_view::npos) return {};
+    start = tab + 1;
+  }
+  const std::size_t end = line.find('\t', start);
+  return line.substr(start, end == std::string_view::npos ? std::string_view::npos : end - start);
+}
 
 LineKind lineKindOf(std::string_view line) {
   if (line.empty()) return LineKind::Other;

@@ -47,6 +47,10 @@ enum class LineKind : std::uint8_t {
 // The kind of a line by its start, as a file line (TAB) or a record line (",").
 LineKind lineKindOf(std::string_view line);
 
+// Field n (0: the type word) of a file line, its bytes as the file holds them; empty past
+// the last field.
+std::string_view rawField(std::string_view line, int n);
+
 // The two replacements between a file line and its record form.
 std::string toRecordForm(std::string_view fileLine);  // "," -> ";", then TAB -> ","
 std::string toFileForm(std::string_view recordLine);  // "," -> TAB, then ";" -> ","
