@@ -9,10 +9,11 @@
 #include <cstring>
 #include <filesystem>
 #include <mutex>
-#include <random>
 #include <optional>
+#include <random>
 #include <set>
 
+#include "core/whole_file.h"
 
 namespace zel {
 
@@ -106,19 +107,6 @@ int replaceThroughTemporary(const fs::path& target, std::string_view content, in
   return 0;
 }
 
-std::optional<std::string> readAll(const std::string& path) {
-  std::FILE* f = std::fopen(path.c_str(), "rb");
-  if (!f) return std::nullopt;
-  std::string data;
-  char buffer[1 << 16];
-  std::size_t got;
-  while ((got = std::fread(buffer, 1, sizeof buffer, f)) > 0) data.append(buffer, got);
-  const bool failed = std::ferror(f) != 0;
-  std::fclose(f);
-  if (failed) return std::nullopt;
-  return data;
-}
-
 std::mutex& backupLock() {
   static std::mutex lock;
   return lock;
@@ -165,7 +153,7 @@ WriteStatus writeFileAtomically(const std::string& path, std::string_view conten
     std::lock_guard<std::mutex> guard(backupLock());
     const std::string key = fs::absolute(target, ec).lexically_normal().string();
     if (!backedUp().count(key)) {
-      const std::optional<std::string> old = readAll(target.string());
+      const std::optional<std::string> old = readWholeFile(target.string());
       if (!old) {
         return failure(path, EIO,
                        path + " was not written: it could not be read for its backup copy.");
@@ -174,14 +162,14 @@ WriteStatus writeFileAtomically(const std::string& path, std::string_view conten
       struct stat copyInfo {};
       const bool copyExists = ::lstat(copy.c_str(), &copyInfo) == 0;
       if (copyExists && !S_ISREG(copyInfo.st_mode)) {
-        return failure(path, EINVAL,
-                       path + " was not written: its backup name " + copy.string() +
-                           " is not a plain file.");
+        return failure(
+            path, EINVAL,
+            path + " was not written: its backup name " + copy.string() + " is not a plain file.");
       }
       if (const int error = replaceThroughTemporary(copy, *old, mode, &info); error != 0) {
-        return failure(path, error,
-                       path + " was not written: its backup copy could not be made (" +
-                           causeOf(error) + ").");
+        return failure(
+            path, error,
+            path + " was not written: its backup copy could not be made (" + causeOf(error) + ").");
       }
       backedUp().insert(key);
       status.backupMade = true;

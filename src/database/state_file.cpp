@@ -17,14 +17,22 @@ struct Prefix {
 // The words a line is recognised by. A trailing "," means the word must be a whole field;
 // "T-Freq" and the header words are matched by their letters alone.
 constexpr Prefix kPrefixes[] = {
-    {"FormatVersion", LineKind::FormatVersion}, {"TargetModel", LineKind::TargetModel},
-    {"Conventional,", LineKind::Conventional},  {"Trunk,", LineKind::Trunk},
-    {"Site,", LineKind::Site},                  {"C-Group,", LineKind::CGroup},
-    {"T-Group,", LineKind::TGroup},             {"C-Freq,", LineKind::CFreq},
-    {"T-Freq", LineKind::TFreq},                {"TGID,", LineKind::Tgid},
-    {"AreaState", LineKind::AreaState},         {"AreaCounty", LineKind::AreaCounty},
-    {"Rectangle", LineKind::Rectangle},         {"BandPlan_Mot", LineKind::BandPlanMot},
-    {"BandPlan_P25", LineKind::BandPlanP25},    {"FleetMap", LineKind::FleetMap},
+    {"FormatVersion", LineKind::FormatVersion},
+    {"TargetModel", LineKind::TargetModel},
+    {"Conventional,", LineKind::Conventional},
+    {"Trunk,", LineKind::Trunk},
+    {"Site,", LineKind::Site},
+    {"C-Group,", LineKind::CGroup},
+    {"T-Group,", LineKind::TGroup},
+    {"C-Freq,", LineKind::CFreq},
+    {"T-Freq", LineKind::TFreq},
+    {"TGID,", LineKind::Tgid},
+    {"AreaState", LineKind::AreaState},
+    {"AreaCounty", LineKind::AreaCounty},
+    {"Rectangle", LineKind::Rectangle},
+    {"BandPlan_Mot", LineKind::BandPlanMot},
+    {"BandPlan_P25", LineKind::BandPlanP25},
+    {"FleetMap", LineKind::FleetMap},
 };
 
 // Whether a line begins with a word, a "," of the word matching a TAB of a file line or a
@@ -42,7 +50,6 @@ bool beginsWith(std::string_view line, std::string_view word) {
   }
   return true;
 }
-
 
 std::string recordValue(std::string_view fileValue) {
   std::string out(fileValue);

@@ -8,12 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "core/whole_file.h"
 #include "formats/atomic_file.h"
 
 namespace zel::formats {
 
 // The bytes of a file, or nothing when it cannot be opened.
-std::optional<std::string> readWholeFile(const std::string& path);
+using ::zel::readWholeFile;
 
 // Splits text into lines at CR LF, LF or CR; the ends are not kept. A last line without an
 // end counts; an end at the very end of the text adds no empty line.
