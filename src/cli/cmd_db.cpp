@@ -1,8 +1,8 @@
 // zel db: the scanner's full database without a window.
 //   zel db detect [--root DIR]... [--hp1]          find a card with a database
 //   zel db states (--root DIR | --folder DIR)     the states the index names
-//   zel db systems STATE [--system N]             a state's systems, or one system's sites and departments
-//   zel db list STATE [--system N] [--department N] [--conv|--trunk] [--service NAME]
+//   zel db systems STATE [--system N]             a state's systems, or one system's sites and
+//   departments zel db list STATE [--system N] [--department N] [--conv|--trunk] [--service NAME]
 //   zel db apply STATE --set "Delay:=5"... [--system N] [--department N] [--conv|--trunk]
 //                [--service NAME]
 // STATE is a state file's name (s_000006.hpd) or the state's name as the index gives it.
@@ -68,7 +68,8 @@ database::ChannelFilter filterOf(const StateArgs& args, const database::StateFil
   }
   filter.system = args.system;
   if (args.department != 0) {
-    if (args.system == 0) throw cli::UserError{"--department needs --system to say whose department."};
+    if (args.system == 0)
+      throw cli::UserError{"--department needs --system to say whose department."};
     const int departments = static_cast<int>(database::departmentsOf(file, args.system).size());
     if (args.department < 1 || args.department > departments) {
       throw cli::UserError{outOfRange("--department", "department", departments, args.department)};
@@ -93,7 +94,8 @@ void addStateOptions(CLI::App& cmd, StateArgs& args, bool channels) {
   auto* conv = cmd.add_flag("--conv", args.conv, "Conventional frequencies only (C-Freq)");
   auto* trunk = cmd.add_flag("--trunk", args.trunk, "Talkgroups only (TGID)");
   conv->excludes(trunk);
-  cmd.add_option("--service", args.service, "Only channels of this service type (\"Fire Dispatch\")");
+  cmd.add_option("--service", args.service,
+                 "Only channels of this service type (\"Fire Dispatch\")");
 }
 
 void runDetect(cli::Context& context, const std::vector<std::string>& roots, bool hp1, bool json) {
@@ -103,17 +105,18 @@ void runDetect(cli::Context& context, const std::vector<std::string>& roots, boo
   std::error_code ec;
   std::filesystem::create_directories(context.dataFolder(), ec);
   const std::string reportFolder = ec ? std::string{} : context.dataFolder();
-  const database::DbDetection d = hp1 ? database::detectHomePatrol1(platform, reportFolder, &settings)
-                                      : database::detectDatabaseCard(platform, reportFolder, &settings);
+  const database::DbDetection d =
+      hp1 ? database::detectHomePatrol1(platform, reportFolder, &settings)
+          : database::detectDatabaseCard(platform, reportFolder, &settings);
   if (!d.found) throw cli::UserError{d.label};
   const std::string family = d.family == database::DbFamily::Bcd ? "BCD" : "HomePatrol";
   if (json) {
-    std::cout << "{\"drive\":\"" << cli::dbJson(d.drive) << "\",\"family\":\"" << family
-              << "\",\"firmware\":\"" << cli::dbJson(d.firmware) << "\",\"serial\":\""
-              << cli::dbJson(d.serial) << "\",\"fileFormat\":" << d.fileFormat
-              << ",\"database\":\"" << cli::dbJson(d.dbVersion) << "\",\"index\":\""
-              << cli::dbJson(d.location ? d.location->indexPath : "") << "\",\"label\":\""
-              << cli::dbJson(d.label) << "\"}\n";
+    std::cout << "{\"drive\":\"" << cli::jsonInside(d.drive) << "\",\"family\":\"" << family
+              << "\",\"firmware\":\"" << cli::jsonInside(d.firmware) << "\",\"serial\":\""
+              << cli::jsonInside(d.serial) << "\",\"fileFormat\":" << d.fileFormat
+              << ",\"database\":\"" << cli::jsonInside(d.dbVersion) << "\",\"index\":\""
+              << cli::jsonInside(d.location ? d.location->indexPath : "") << "\",\"label\":\""
+              << cli::jsonInside(d.label) << "\"}\n";
   } else {
     std::cout << d.label << "\n";
     if (d.location) std::cout << "Index: " << d.location->indexPath << "\n";
@@ -131,9 +134,9 @@ void runStates(const cli::DbSource& source, bool json) {
     const long long bytes = ec ? -1 : static_cast<long long>(size);
     if (json) {
       std::cout << (first ? "" : ",") << "{\"number\":" << s.number << ",\"name\":\""
-                << cli::dbJson(s.name) << "\",\"file\":\"" << s.fileName
-                << "\",\"present\":" << (bytes >= 0 ? "true" : "false") << ",\"bytes\":"
-                << (bytes >= 0 ? bytes : 0) << "}";
+                << cli::jsonInside(s.name) << "\",\"file\":\"" << s.fileName
+                << "\",\"present\":" << (bytes >= 0 ? "true" : "false")
+                << ",\"bytes\":" << (bytes >= 0 ? bytes : 0) << "}";
     } else {
       std::cout << padNumber(s.number, 3) << "  " << s.fileName << "  "
                 << (bytes >= 0 ? std::to_string(bytes) + " bytes" : "missing") << "  " << s.name
@@ -155,7 +158,8 @@ void runSystems(const StateArgs& args) {
       if (args.json) {
         std::cout << (first ? "" : ",") << "{\"system\":" << s.number << ",\"kind\":\""
                   << (s.trunk ? "trunk" : "conventional") << "\",\"name\":\""
-                  << cli::dbJson(s.name) << "\",\"type\":\"" << cli::dbJson(s.type) << "\"}";
+                  << cli::jsonInside(s.name) << "\",\"type\":\"" << cli::jsonInside(s.type)
+                  << "\"}";
       } else {
         std::cout << s.number << "\t" << s.label << "\n";
       }
@@ -171,7 +175,7 @@ void runSystems(const StateArgs& args) {
       ++site;
       if (args.json) {
         std::cout << (first ? "" : ",") << "{\"system\":" << row.system << ",\"site\":" << site
-                  << ",\"name\":\"" << cli::dbJson(file.field(n, 3)) << "\"}";
+                  << ",\"name\":\"" << cli::jsonInside(file.field(n, 3)) << "\"}";
       } else {
         std::cout << "site " << site << "\t" << file.field(n, 3) << "\n";
       }
@@ -180,7 +184,7 @@ void runSystems(const StateArgs& args) {
     for (const database::DepartmentInfo& d : database::departmentsOf(file, args.system)) {
       if (args.json) {
         std::cout << (first ? "" : ",") << "{\"system\":" << d.system
-                  << ",\"department\":" << d.number << ",\"name\":\"" << cli::dbJson(d.name)
+                  << ",\"department\":" << d.number << ",\"name\":\"" << cli::jsonInside(d.name)
                   << "\"}";
       } else {
         std::cout << "department " << d.number << "\t" << d.name << "\n";
@@ -201,9 +205,10 @@ void runList(const StateArgs& args) {
       const database::ChannelItem& i = items[n];
       std::cout << (n ? "," : "") << "{\"key\":\"" << i.key << "\",\"kind\":\""
                 << (i.talkgroup ? "TGID" : "C-Freq") << "\",\"frequencyOrId\":\""
-                << cli::dbJson(i.frequencyOrId) << "\",\"alphaTag\":\"" << cli::dbJson(i.alphaTag)
-                << "\",\"service\":" << i.service << ",\"serviceName\":\""
-                << cli::dbJson(i.serviceName) << "\",\"line\":" << i.row + 1 << "}";
+                << cli::jsonInside(i.frequencyOrId) << "\",\"alphaTag\":\""
+                << cli::jsonInside(i.alphaTag) << "\",\"service\":" << i.service
+                << ",\"serviceName\":\"" << cli::jsonInside(i.serviceName)
+                << "\",\"line\":" << i.row + 1 << "}";
     }
     std::cout << "]\n";
     return;
@@ -234,24 +239,27 @@ void runApply(const StateArgs& args) {
   const database::ApplyResult result = database::applyChanges(loaded.file, rows, changes);
   bool backup = false;
   if (result.linesChanged > 0) {
-    const WriteStatus written = writeFileAtomically(loaded.state.path, loaded.file.text(),
-                                                    KeepBackup::OncePerSession);
+    const WriteStatus written =
+        writeFileAtomically(loaded.state.path, loaded.file.text(), KeepBackup::OncePerSession);
     if (!written.ok) throw cli::UserError{written.message};
     backup = written.backupMade;
   }
   if (args.json) {
-    std::cout << "{\"file\":\"" << cli::dbJson(loaded.state.path) << "\",\"channels\":"
-              << items.size() << ",\"linesChanged\":" << result.linesChanged
+    std::cout << "{\"file\":\"" << cli::jsonInside(loaded.state.path)
+              << "\",\"channels\":" << items.size() << ",\"linesChanged\":" << result.linesChanged
               << ",\"fieldsChanged\":" << result.fieldsChanged << ",\"backup\":"
-              << (backup ? "\"" + cli::dbJson(backupPathFor(loaded.state.path)) + "\""
+              << (backup ? "\"" + cli::jsonInside(backupPathFor(loaded.state.path)) + "\""
                          : std::string("null"))
               << "}\n";
   } else {
     std::cout << "Changed " << result.linesChanged << " of " << items.size() << " channels in "
               << loaded.state.fileName
-              << (result.linesChanged ? "" : " (they already held those values; the file was not written)")
+              << (result.linesChanged
+                      ? ""
+                      : " (they already held those values; the file was not written)")
               << "\n";
-    if (backup) std::cout << "The previous content is kept in " << backupPathFor(loaded.state.path) << "\n";
+    if (backup)
+      std::cout << "The previous content is kept in " << backupPathFor(loaded.state.path) << "\n";
   }
 }
 
@@ -279,7 +287,8 @@ ZEL_COMMAND(34) {
   states->callback([statesArgs] { runStates(statesArgs->source, statesArgs->json); });
 
   auto systemsArgs = std::make_shared<StateArgs>();
-  auto* systems = db->add_subcommand("systems", "A state file's systems, or one system's sites and departments");
+  auto* systems = db->add_subcommand(
+      "systems", "A state file's systems, or one system's sites and departments");
   addStateOptions(*systems, *systemsArgs, false);
   systems->add_flag("--json", systemsArgs->json, "Print a JSON array");
   systems->callback([systemsArgs] { runSystems(*systemsArgs); });
@@ -294,8 +303,9 @@ ZEL_COMMAND(34) {
   auto* apply = db->add_subcommand(
       "apply", "Set channel settings on the listed channels and write the state file back");
   addStateOptions(*apply, *applyArgs, true);
-  apply->add_option("--set", applyArgs->sets,
-                    "A setting as caption=value, such as \"Delay:=5\" (repeatable)")
+  apply
+      ->add_option("--set", applyArgs->sets,
+                   "A setting as caption=value, such as \"Delay:=5\" (repeatable)")
       ->allow_extra_args(false)
       ->required();
   apply->add_flag("--json", applyArgs->json, "Print the counts as a JSON object");

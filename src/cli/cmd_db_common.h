@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "cli/command_registry.h"
+#include "cli/rr_listing.h"
 #include "database/hpdb_index.h"
 
 namespace zel::cli {
@@ -51,9 +52,9 @@ struct OpenedDatabase {
 // or as bad usage (exit 2) when neither option was given.
 inline OpenedDatabase openDatabase(const DbSource& source) {
   if (source.root.empty() && source.folder.empty()) throw CLI::RequiredError("--root or --folder");
-  std::optional<database::DatabaseLocation> location =
-      source.root.empty() ? database::locateInFolder(source.folder)
-                          : database::locateOnCard(source.root);
+  std::optional<database::DatabaseLocation> location = source.root.empty()
+                                                           ? database::locateInFolder(source.folder)
+                                                           : database::locateOnCard(source.root);
   if (!location) {
     throw UserError{source.root.empty()
                         ? "No database index (HPDB.cfg or HPDB.config) in " + source.folder + "."
@@ -73,30 +74,6 @@ inline const database::StateEntry& stateOrFail(const OpenedDatabase& db, std::st
                     "\" in the database index; `zel db states` lists them."};
   }
   return *state;
-}
-
-// A JSON string's inside: quotes and backslashes escaped, control characters dropped, and
-// bytes of the 8-bit files above 127 written as \u00XX (they are Latin-1).
-inline std::string dbJson(std::string_view text) {
-  static const char* const kHex = "0123456789abcdef";
-  std::string out;
-  out.reserve(text.size());
-  for (char c : text) {
-    const auto u = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\') {
-      out += '\\';
-      out += c;
-    } else if (u < 0x20) {
-      continue;
-    } else if (u >= 0x80) {
-      out += "\\u00";
-      out += kHex[u >> 4];
-      out += kHex[u & 15];
-    } else {
-      out += c;
-    }
-  }
-  return out;
 }
 
 }  // namespace zel::cli

@@ -49,7 +49,8 @@ void addPart(std::vector<database::DbChoice>& choices, const std::string& text,
              const std::string& option, bool site) {
   const std::size_t colon = text.find(':');
   const std::string number = trim(colon == std::string::npos ? text : text.substr(colon + 1));
-  const std::string system = colon == std::string::npos ? std::string() : trim(text.substr(0, colon));
+  const std::string system =
+      colon == std::string::npos ? std::string() : trim(text.substr(0, colon));
   if (!isPlainNumber(number) || (!system.empty() && !isPlainNumber(system))) {
     throw UserError{option + " takes N or SYSTEM:N, not \"" + text + "\".", 2};
   }
@@ -64,8 +65,8 @@ void addPart(std::vector<database::DbChoice>& choices, const std::string& text,
     const auto at = std::find_if(choices.begin(), choices.end(),
                                  [s](const database::DbChoice& c) { return c.system == s; });
     if (at == choices.end()) {
-      throw UserError{option + " " + text + " names system " + system + ", which no --system chose.",
-                      2};
+      throw UserError{
+          option + " " + text + " names system " + system + ", which no --system chose.", 2};
     }
     choice = &*at;
   }
@@ -110,16 +111,16 @@ void run(const DbImportArgs& a) {
     }
     std::cout << "],\"sites\":" << r.sites << ",\"frequencies\":" << r.frequencies
               << ",\"departments\":" << r.departments << ",\"channels\":" << r.channels
-              << ",\"file\":\"" << dbJson(target) << "\"}\n";
+              << ",\"file\":\"" << jsonInside(target) << "\"}\n";
     return;
   }
   const std::size_t n = r.systemKeys.size();
-  const std::string systems =
-      n <= 3 ? join(r.systemKeys, ' ')
-             : std::to_string(n) + " systems (" + r.systemKeys.front() + " ... " + r.systemKeys.back() + ")";
-  std::cout << "Imported " << systems << ": " << r.sites << " sites, "
-            << r.frequencies << " site frequencies, " << r.departments << " departments, "
-            << r.channels << " channels and talkgroups into " << target << "\n";
+  const std::string systems = n <= 3 ? join(r.systemKeys, ' ')
+                                     : std::to_string(n) + " systems (" + r.systemKeys.front() +
+                                           " ... " + r.systemKeys.back() + ")";
+  std::cout << "Imported " << systems << ": " << r.sites << " sites, " << r.frequencies
+            << " site frequencies, " << r.departments << " departments, " << r.channels
+            << " channels and talkgroups into " << target << "\n";
 }
 
 }  // namespace
@@ -129,7 +130,8 @@ ZEL_COMMAND(kDbNounOrder + 2) {
   CLI::App* db = dbNoun(app);
   auto a = std::make_shared<DbImportArgs>();
   auto* cmd = db->add_subcommand(
-      "import", "Add systems of a state file, with chosen sites and departments, to a favorites list");
+      "import",
+      "Add systems of a state file, with chosen sites and departments, to a favorites list");
   cmd->add_option("STATE", a->state, "The state file's path, or with --root/--folder its name")
       ->required();
   addDbSource(*cmd, a->source);

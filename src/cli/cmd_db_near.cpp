@@ -56,33 +56,33 @@ void runNear(const NearArgs& args) {
   if (args.json) {
     std::cout << "{\"filesRead\":" << result.filesRead << ",\"missing\":[";
     for (std::size_t n = 0; n < result.missing.size(); ++n) {
-      std::cout << (n ? "," : "") << "\"" << cli::dbJson(result.missing[n]) << "\"";
+      std::cout << (n ? "," : "") << "\"" << cli::jsonInside(result.missing[n]) << "\"";
     }
     std::cout << "],\"hits\":[";
     for (std::size_t n = 0; n < count; ++n) {
       const database::NearHit& h = result.hits[n];
       std::cout << (n ? "," : "") << "{\"kind\":\"" << database::nearKindName(h.kind)
                 << "\",\"distance\":" << fixed(h.distance, 2) << ",\"range\":" << fixed(h.range, 1)
-                << ",\"latitude\":" << fixed(h.latitude, 6) << ",\"longitude\":"
-                << fixed(h.longitude, 6) << ",\"state\":\"" << cli::dbJson(h.stateName)
-                << "\",\"file\":\"" << h.stateFile << "\",\"line\":" << h.line
-                << ",\"system\":\"" << cli::dbJson(h.system) << "\",\"name\":\""
-                << cli::dbJson(h.name) << "\"}";
+                << ",\"latitude\":" << fixed(h.latitude, 6)
+                << ",\"longitude\":" << fixed(h.longitude, 6) << ",\"state\":\""
+                << cli::jsonInside(h.stateName) << "\",\"file\":\"" << h.stateFile
+                << "\",\"line\":" << h.line << ",\"system\":\"" << cli::jsonInside(h.system)
+                << "\",\"name\":\"" << cli::jsonInside(h.name) << "\"}";
     }
     std::cout << "]}\n";
     return;
   }
   if (result.hits.empty()) {
-    std::cout << "Nothing in the " << result.filesRead
-              << " state files reaches that point.\n";
+    std::cout << "Nothing in the " << result.filesRead << " state files reaches that point.\n";
     return;
   }
   std::cout << "Miles\tRange\tKind\tState\tSystem\tName\n";
   for (std::size_t n = 0; n < count; ++n) {
     const database::NearHit& h = result.hits[n];
-    std::cout << fixed(h.distance, 2) << "\t" << (h.kind == database::NearKind::System ? "" : fixed(h.range, 1))
-              << "\t" << database::nearKindName(h.kind) << "\t" << h.stateName << "\t" << h.system
-              << "\t" << (h.kind == database::NearKind::System ? "" : h.name) << "\n";
+    std::cout << fixed(h.distance, 2) << "\t"
+              << (h.kind == database::NearKind::System ? "" : fixed(h.range, 1)) << "\t"
+              << database::nearKindName(h.kind) << "\t" << h.stateName << "\t" << h.system << "\t"
+              << (h.kind == database::NearKind::System ? "" : h.name) << "\n";
   }
   if (count < result.hits.size()) {
     std::cout << "(" << result.hits.size() - count << " more; --limit 0 lists all)\n";
@@ -97,8 +97,10 @@ ZEL_COMMAND(35) {
   auto args = std::make_shared<NearArgs>();
   auto* near = db->add_subcommand(
       "near", "The systems, sites and departments whose location reaches a point, nearest first");
-  near->add_option("LAT", args->latitude, "Latitude in decimal degrees (south negative)")->required();
-  near->add_option("LON", args->longitude, "Longitude in decimal degrees (west negative)")->required();
+  near->add_option("LAT", args->latitude, "Latitude in decimal degrees (south negative)")
+      ->required();
+  near->add_option("LON", args->longitude, "Longitude in decimal degrees (west negative)")
+      ->required();
   near->add_option("--range", args->range, "Also list circles that end within this many miles");
   near->add_option("--service", args->services,
                    "Only departments with channels of this service type (repeatable)")

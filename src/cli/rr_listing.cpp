@@ -9,7 +9,9 @@ namespace zel::cli {
 
 namespace {
 
-std::string utf8(const std::string& latin1) { return radioref::latin1ToUtf8(latin1); }
+std::string utf8(const std::string& latin1) {
+  return radioref::latin1ToUtf8(latin1);
+}
 
 void printJsonTo(std::ostream& out, const Listing& listing) {
   out << '{';
@@ -34,15 +36,25 @@ void printJsonTo(std::ostream& out, const Listing& listing) {
 
 }  // namespace
 
-std::string jsonString(const std::string& latin1) {
-  std::string out = "\"";
+std::string jsonInside(const std::string& latin1) {
+  std::string out;
   for (unsigned char c : utf8(latin1)) {
     switch (c) {
-      case '"': out += "\\\""; break;
-      case '\\': out += "\\\\"; break;
-      case '\n': out += "\\n"; break;
-      case '\r': out += "\\r"; break;
-      case '\t': out += "\\t"; break;
+      case '"':
+        out += "\\\"";
+        break;
+      case '\\':
+        out += "\\\\";
+        break;
+      case '\n':
+        out += "\\n";
+        break;
+      case '\r':
+        out += "\\r";
+        break;
+      case '\t':
+        out += "\\t";
+        break;
       default:
         if (c < 0x20) {
           char buf[8];
@@ -53,7 +65,11 @@ std::string jsonString(const std::string& latin1) {
         }
     }
   }
-  return out + "\"";
+  return out;
+}
+
+std::string jsonString(const std::string& latin1) {
+  return "\"" + jsonInside(latin1) + "\"";
 }
 
 Listing& Listing::field(std::string key, double value) {

@@ -51,6 +51,8 @@ struct Listing::List {
 
 // A text held as 8-bit (Latin-1) as a quoted JSON string in UTF-8.
 std::string jsonString(const std::string& latin1);
+// The same without its quotes, for a string written between quotes of its own.
+std::string jsonInside(const std::string& latin1);
 
 void printPlain(std::ostream& out, const Listing& listing, int indent = 0);
 void printJson(std::ostream& out, const Listing& listing);
