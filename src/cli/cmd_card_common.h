@@ -27,19 +27,4 @@ CLI::Option* listNumber(CLI::Option* option);
 // Finds the card (or ends the command) and reads its configuration.
 transfer::FavoritesCard openCard(Context& context, const std::vector<std::string>& roots);
 
-inline std::string jsonEscape(const std::string& s) {
-  std::string out;
-  for (char c : s) {
-    if (c == '"' || c == '\\') {
-      out += '\\';
-      out += c;
-    } else if (static_cast<unsigned char>(c) < 0x20) {
-      out += ' ';
-    } else {
-      out += c;
-    }
-  }
-  return out;
-}
-
 }  // namespace zel::cli

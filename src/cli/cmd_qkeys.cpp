@@ -12,6 +12,7 @@
 #include "cli/cmd_hpd_common.h"
 #include "cli/command_registry.h"
 #include "cli/option_range.h"
+#include "cli/rr_listing.h"
 #include "core/keys.h"
 #include "core/text.h"
 #include "core/tree_operations.h"
@@ -43,7 +44,7 @@ void printLayout(const qkeys::Layout& layout, bool json) {
     for (std::size_t i = 0; i < layout.items.size(); ++i) {
       const qkeys::Item& item = layout.items[i];
       std::cout << (i ? "," : "") << "\n  {\"node\":\"" << item.key << "\",\"text\":\""
-                << cli::jsonEscape(item.text) << "\",\"quickKey\":" << jsonKey(item.quickKey) << "}";
+                << cli::jsonInside(item.text) << "\",\"quickKey\":" << jsonKey(item.quickKey) << "}";
     }
     std::cout << "\n]\n";
     return;
@@ -115,7 +116,7 @@ void printCard(const qkeys::CardOverview& overview, const std::vector<qkeys::Car
     std::cout << "{\"rows\":[";
     for (std::size_t i = 0; i < rows.size(); ++i) {
       const qkeys::CardRow& r = rows[i];
-      std::cout << (i ? "," : "") << "\n  {\"name\":\"" << cli::jsonEscape(r.name)
+      std::cout << (i ? "," : "") << "\n  {\"name\":\"" << cli::jsonInside(r.name)
                 << "\",\"list\":" << r.list << ",\"fl\":\"" << r.flKey << "\",\"sys\":\"" << r.sysKey
                 << "\",\"dep\":\"" << r.depKey << "\",\"shortcut\":\"" << r.shortcut
                 << "\",\"twice\":[";
@@ -125,7 +126,7 @@ void printCard(const qkeys::CardOverview& overview, const std::vector<qkeys::Car
     }
     std::cout << "\n],\"duplicates\":[";
     for (std::size_t i = 0; i < overview.duplicates.size(); ++i)
-      std::cout << (i ? "," : "") << "\n  \"" << cli::jsonEscape(overview.duplicates[i].sentence())
+      std::cout << (i ? "," : "") << "\n  \"" << cli::jsonInside(overview.duplicates[i].sentence())
                 << "\"";
     std::cout << "\n]}\n";
     return;
