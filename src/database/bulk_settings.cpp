@@ -27,12 +27,6 @@ constexpr std::array<SettingInfo, kSettingCount> kTable = {{
     {Setting::AlertPattern, "Alert Patt.:", "Alert Pattern", "Alert Pattern", 14, 11},
 }};
 
-std::string withoutColon(std::string_view text) {
-  std::string t = trim(text);
-  if (!t.empty() && t.back() == ':') t.pop_back();
-  return trim(t);
-}
-
 std::string joinedChoices(const std::vector<std::string>& words) {
   std::string out;
   for (const std::string& w : words) {
@@ -107,16 +101,32 @@ std::optional<Setting> settingNamed(std::string_view name) {
   return std::nullopt;
 }
 
+std::string withoutColon(std::string_view text) {
+  std::string t = trim(text);
+  if (!t.empty() && t.back() == ':') t.pop_back();
+  return trim(t);
+}
+
+std::optional<SettingText> splitSettingText(std::string_view text) {
+  const std::size_t eq = text.find('=');
+  if (eq == std::string_view::npos) return std::nullopt;
+  return SettingText{trim(text.substr(0, eq)), trim(text.substr(eq + 1))};
+}
+
+std::string settingTextError(std::string_view text) {
+  return "A setting is written as caption=value, such as \"Delay:=5\"; got \"" + std::string(text) +
+         "\".";
+}
+
 ParsedChange parseChange(std::string_view text, Scope scope) {
   ParsedChange out;
-  const std::size_t eq = text.find('=');
-  if (eq == std::string_view::npos) {
-    out.error = "A setting is written as caption=value, such as \"Delay:=5\"; got \"" +
-                std::string(text) + "\".";
+  const std::optional<SettingText> split = splitSettingText(text);
+  if (!split) {
+    out.error = settingTextError(text);
     return out;
   }
-  const std::string name = trim(text.substr(0, eq));
-  const std::string value = trim(text.substr(eq + 1));
+  const std::string& name = split->name;
+  const std::string& value = split->value;
   const std::optional<Setting> setting = settingNamed(name);
   if (!setting) {
     std::string known;

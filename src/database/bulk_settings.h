@@ -80,6 +80,18 @@ struct ChannelChange {
   std::string value;
 };
 
+// "Caption=value" cut at its first "=", both sides trimmed; nothing when there is no "=".
+// Shared by the bulk editor's and the full database's settings.
+struct SettingText {
+  std::string name;
+  std::string value;
+};
+std::optional<SettingText> splitSettingText(std::string_view text);
+// The sentence for a setting text without "=".
+std::string settingTextError(std::string_view text);
+// A caption without its closing colon, trimmed: "Delay:" -> "Delay".
+std::string withoutColon(std::string_view text);
+
 // "Delay:=5" or "Delay=5" for a scope: the change, or a sentence saying what is wrong.
 struct ParsedChange {
   std::optional<ChannelChange> change;

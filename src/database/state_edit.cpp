@@ -1,6 +1,7 @@
 #include "database/state_edit.h"
 
 #include "core/text.h"
+#include "database/bulk_settings.h"
 #include "grid/vocabulary.h"
 
 namespace zel::database {
@@ -24,12 +25,6 @@ constexpr int kTalkgroupIdField = 5;
 constexpr int kAlphaTagField = 3;
 constexpr int kFrequencyServiceField = 8;
 constexpr int kTalkgroupServiceField = 7;
-
-std::string withoutColon(std::string_view text) {
-  std::string t = trim(text);
-  if (!t.empty() && t.back() == ':') t.pop_back();
-  return trim(t);
-}
 
 // "154070000" -> "154.070000"; a text that is not whole hertz is shown as it is.
 std::string megahertz(const std::string& hertz) {
@@ -59,21 +54,21 @@ const std::vector<std::string>& dbChoices(DbSetting setting) {
 
 ParsedDbChange parseDbChange(std::string_view text) {
   ParsedDbChange out;
-  const std::size_t eq = text.find('=');
-  if (eq == std::string_view::npos) {
-    out.error = "A setting is written as caption=value, such as \"Delay:=5\"; got \"" +
-                std::string(text) + "\".";
+  const std::optional<bulk::SettingText> split = bulk::splitSettingText(text);
+  if (!split) {
+    out.error = bulk::settingTextError(text);
     return out;
   }
-  const std::string name = withoutColon(text.substr(0, eq));
-  const std::string value = trim(text.substr(eq + 1));
+  const std::string name = bulk::withoutColon(split->name);
+  const std::string& value = split->value;
   const DbSettingInfo* found = nullptr;
   for (const DbSettingInfo& i : kTable) {
-    if (iequals(withoutColon(i.caption), name) || iequals(i.vocabulary, name)) found = &i;
+    if (iequals(bulk::withoutColon(i.caption), name) || iequals(i.vocabulary, name)) found = &i;
   }
   if (!found) {
     std::string known;
-    for (const DbSettingInfo& i : kTable) known += (known.empty() ? "" : ", ") + withoutColon(i.caption);
+    for (const DbSettingInfo& i : kTable)
+      known += (known.empty() ? "" : ", ") + bulk::withoutColon(i.caption);
     out.error = "Unknown setting \"" + name + "\"; the settings are " + known + ".";
     return out;
   }
@@ -121,8 +116,8 @@ std::vector<ChannelItem> listChannels(const StateFile& file, const ChannelFilter
     item.row = i;
     item.key = rowKey(r);
     item.talkgroup = talkgroup;
-    item.frequencyOrId = frequency ? megahertz(file.field(i, kFrequencyField))
-                                   : file.field(i, kTalkgroupIdField);
+    item.frequencyOrId =
+        frequency ? megahertz(file.field(i, kFrequencyField)) : file.field(i, kTalkgroupIdField);
     item.alphaTag = file.field(i, kAlphaTagField);
     item.service = service;
     item.serviceName = vocab::serviceTypeName(service);
